@@ -1,0 +1,121 @@
+# libbrava, the processor-feature runtime, and libzelk itself.
+
+add_library(brava SHARED runtime/brava.cpp)
+target_compile_options(brava PRIVATE -O2 -fvisibility=hidden -fno-exceptions -fno-rtti -mgeneral-regs-only
+                                     -fcf-protection=full)
+target_include_directories(brava PUBLIC runtime)
+target_link_options(brava PRIVATE -nostdlib -Wl,-z,defs)
+set_target_properties(brava PROPERTIES VERSION 1.0.0 SOVERSION 1)
+
+# What every object of libzelk is compiled with. The floating-point flags are part of the library's contract:
+# the caller's rounding mode and every exception flag count.
+set(library_options
+    -O2 -fPIC -fvisibility=hidden -fno-exceptions -fno-rtti -fno-stack-protector -fno-threadsafe-statics
+    -fcf-protection=full -fno-semantic-interposition -fno-plt
+    -frounding-math -ftrapping-math -ffp-contract=off -fno-math-errno)
+if(ZELK_TARGET STREQUAL x86_64)
+    # Callers rely on XMM8 to XMM15; -ffixed- keeps the compiler away from them (-fcall-saved- would not save them).
+    foreach(register RANGE 8 15)
+        list(APPEND library_options -ffixed-xmm${register})
+    endforeach()
+    set(tiers A L)
+    set(baseline_options -msse2 -mno-sse3)
+    set(tier_options_A -msse2 -mno-sse3)
+    set(tier_options_L -msse3 -mno-ssse3)
+else()
+    # Callers may hold the stack at any multiple of 4; functions that need more align it themselves.
+    list(APPEND library_options -march=i686 -mtune=generic -mfpmath=sse -mincoming-stack-boundary=2)
+    set(tiers A J L N)
+    set(baseline_options -msse2 -mno-sse3)
+    set(tier_options_A -msse2 -mno-sse3)
+    set(tier_options_J -msse2 -mno-sse3)
+    set(tier_options_L -msse3 -mno-ssse3)
+    set(tier_options_N -msse4.1 -mno-sse4.2)
+endif()
+
+# The kernel sources: one file per entry, named after it, so that the name tells the lanes and so the tiers.
+set(families trig explog invtrig hyperbolic roots_erf rounding_intdiv complex extended)
+set(kernel_sources)
+foreach(family ${families})
+    file(GLOB sources CONFIGURE_DEPENDS src/${family}/*.cpp)
+    list(APPEND kernel_sources ${sources})
+endforeach()
+
+# Scalar routines with tiers; all other scalar routines have one implementation.
+set(tiered_scalars acos_scalar atan2_scalar cexpf_scalar csqrtf_scalar log_scalar log1p_scalar)
+if(ZELK_TARGET STREQUAL i386)
+    list(APPEND tiered_scalars clogf_scalar)
+endif()
+
+# Tiers in which the kernel source `name` is compiled on this target.
+function(tiers_of name result)
+    if(name MATCHES "_scalar$" OR name MATCHES "l$")
+        if(NOT name IN_LIST tiered_scalars)
+            set(${result} A PARENT_SCOPE)
+        elseif(ZELK_TARGET STREQUAL i386)
+            set(${result} A J PARENT_SCOPE)
+        else()
+            set(${result} A L PARENT_SCOPE)
+        endif()
+    elseif(ZELK_TARGET STREQUAL x86_64)
+        set(${result} A L PARENT_SCOPE)
+    elseif(name MATCHES "f[42]$")
+        set(${result} J L N PARENT_SCOPE) # A: SSE and x87 only, not built yet
+    elseif(name MATCHES "(div|rem)4$")
+        set(${result} A J L N PARENT_SCOPE)
+    elseif(name MATCHES "2$")
+        set(${result} A L N PARENT_SCOPE)
+    else()
+        message(FATAL_ERROR "${name}.cpp: a kernel source is named after its entry (sinf4, sin2, idiv4, acos_scalar)")
+    endif()
+endfunction()
+
+foreach(tier ${tiers})
+    set(tier_sources_${tier})
+endforeach()
+foreach(source ${kernel_sources})
+    get_filename_component(name ${source} NAME_WE)
+    tiers_of(${name} tiers_of_source)
+    foreach(tier ${tiers_of_source})
+        list(APPEND tier_sources_${tier} ${source})
+    endforeach()
+endforeach()
+
+set(library_objects)
+foreach(tier ${tiers})
+    if(tier_sources_${tier})
+        add_library(zelk-tier-${tier} OBJECT ${tier_sources_${tier}})
+        target_compile_options(zelk-tier-${tier} PRIVATE ${library_options} ${tier_options_${tier}})
+        target_compile_definitions(zelk-tier-${tier} PRIVATE ZELK_TIER_LETTER=${tier})
+        target_include_directories(zelk-tier-${tier} PRIVATE src)
+        list(APPEND library_objects $<TARGET_OBJECTS:zelk-tier-${tier}>)
+    endif()
+endforeach()
+
+file(GLOB table_sources CONFIGURE_DEPENDS src/tables/*.cpp)
+add_library(zelk-common OBJECT ${table_sources} src/dispatch/dispatchers.S)
+target_compile_options(zelk-common PRIVATE $<$<COMPILE_LANGUAGE:CXX>:${library_options};${baseline_options}>
+                                           $<$<COMPILE_LANGUAGE:ASM>:-fcf-protection=full>)
+target_include_directories(zelk-common PRIVATE src)
+set_property(SOURCE src/dispatch/dispatchers.S APPEND PROPERTY OBJECT_DEPENDS
+             ${CMAKE_SOURCE_DIR}/src/dispatch/entries.def)
+
+# The exported names, from the list of entries.
+set(export_map ${CMAKE_BINARY_DIR}/exports.map)
+separate_arguments(target_flags UNIX_COMMAND "${CMAKE_CXX_FLAGS}")
+add_custom_command(
+    OUTPUT ${export_map}
+    COMMAND ${CMAKE_CXX_COMPILER} ${target_flags} -E -P -x c -I ${CMAKE_SOURCE_DIR}/src
+            ${CMAKE_SOURCE_DIR}/src/dispatch/exports.map.in -o ${export_map}
+    DEPENDS src/dispatch/exports.map.in src/dispatch/entries.def
+    VERBATIM)
+add_custom_target(zelk-export-map DEPENDS ${export_map})
+
+add_library(zelk SHARED $<TARGET_OBJECTS:zelk-common> ${library_objects})
+add_dependencies(zelk zelk-export-map)
+target_include_directories(zelk PUBLIC include)
+target_link_libraries(zelk PRIVATE brava)
+target_link_options(zelk PRIVATE -nostdlib -Wl,-z,defs -Wl,-z,noexecstack -Wl,-Bsymbolic
+                                 -Wl,--version-script=${export_map})
+set_target_properties(zelk PROPERTIES VERSION 1.0.0 SOVERSION 1 LINK_DEPENDS ${export_map}
+                                      LINKER_LANGUAGE CXX)

@@ -1,0 +1,242 @@
+// The helpers that kernels are written in, where no operator on lanes says it.
+#pragma once
+
+#include "lanes/tier.h"
+#include "lanes/types.h"
+
+#include <emmintrin.h>
+
+namespace zelk::ZELK_TIER {
+
+#define ZELK_INLINE [[gnu::always_inline]] static inline
+
+// The same bits, read as another lane type.
+ZELK_INLINE float4 as_float4(int4 x)
+{
+    return (float4)x;
+}
+ZELK_INLINE float4 as_float4(uint4 x)
+{
+    return (float4)x;
+}
+ZELK_INLINE double2 as_double2(long2 x)
+{
+    return (double2)x;
+}
+ZELK_INLINE double2 as_double2(ulong2 x)
+{
+    return (double2)x;
+}
+ZELK_INLINE double2 as_double2(int4 x)
+{
+    return (double2)x;
+}
+ZELK_INLINE int4 as_int4(float4 x)
+{
+    return (int4)x;
+}
+ZELK_INLINE int4 as_int4(double2 x)
+{
+    return (int4)x;
+}
+ZELK_INLINE int4 as_int4(long2 x)
+{
+    return (int4)x;
+}
+ZELK_INLINE int4 as_int4(uint4 x)
+{
+    return (int4)x;
+}
+ZELK_INLINE uint4 as_uint4(float4 x)
+{
+    return (uint4)x;
+}
+ZELK_INLINE uint4 as_uint4(int4 x)
+{
+    return (uint4)x;
+}
+ZELK_INLINE long2 as_long2(double2 x)
+{
+    return (long2)x;
+}
+ZELK_INLINE long2 as_long2(int4 x)
+{
+    return (long2)x;
+}
+ZELK_INLINE ulong2 as_ulong2(double2 x)
+{
+    return (ulong2)x;
+}
+ZELK_INLINE ulong2 as_ulong2(long2 x)
+{
+    return (ulong2)x;
+}
+
+// One value in every lane. Constants do not come from here: they stand in the table modules.
+ZELK_INLINE float4 splat(float x)
+{
+    return float4{x, x, x, x};
+}
+ZELK_INLINE double2 splat(double x)
+{
+    return double2{x, x};
+}
+
+// Special-lane mask: bit i is the sign bit of lane i.
+ZELK_INLINE unsigned lane_mask(int4 x)
+{
+    return static_cast<unsigned>(_mm_movemask_ps((__m128)x));
+}
+ZELK_INLINE unsigned lane_mask(float4 x)
+{
+    return static_cast<unsigned>(_mm_movemask_ps(x));
+}
+ZELK_INLINE unsigned lane_mask(long2 x)
+{
+    return static_cast<unsigned>(_mm_movemask_pd((__m128d)x));
+}
+ZELK_INLINE unsigned lane_mask(double2 x)
+{
+    return static_cast<unsigned>(_mm_movemask_pd(x));
+}
+inline constexpr unsigned all_lanes4 = 0xF;
+inline constexpr unsigned all_lanes2 = 0x3;
+
+// Bitwise choice: a where the mask lane is all ones, b where it is all zeros.
+ZELK_INLINE int4 select(int4 mask, int4 a, int4 b)
+{
+    return (mask & a) | (~mask & b);
+}
+ZELK_INLINE float4 select(int4 mask, float4 a, float4 b)
+{
+    return as_float4(select(mask, as_int4(a), as_int4(b)));
+}
+ZELK_INLINE long2 select(long2 mask, long2 a, long2 b)
+{
+    return (mask & a) | (~mask & b);
+}
+ZELK_INLINE double2 select(long2 mask, double2 a, double2 b)
+{
+    return as_double2(select(mask, as_long2(a), as_long2(b)));
+}
+
+// The high (low) word of every binary64 lane, spread over the whole lane. SSE2 has no 64-bit integer compare;
+// a compare of the high words serves most range tests and raises no flag.
+ZELK_INLINE int4 high_words(int4 x)
+{
+    return (int4)_mm_shuffle_epi32((__m128i)x, 0xF5);
+}
+ZELK_INLINE int4 low_words(int4 x)
+{
+    return (int4)_mm_shuffle_epi32((__m128i)x, 0xA0);
+}
+
+// Conversions. "round" follows the current rounding mode; out-of-range lanes give 0x80000000 and raise
+// invalid.
+ZELK_INLINE int4 round_to_int(float4 x)
+{
+    return (int4)_mm_cvtps_epi32(x);
+}
+ZELK_INLINE int4 trunc_to_int(float4 x)
+{
+    return (int4)_mm_cvttps_epi32(x);
+}
+ZELK_INLINE float4 to_float4(int4 x)
+{
+    return _mm_cvtepi32_ps((__m128i)x);
+}
+// Two binary64 lanes to the two low 32-bit lanes, the high lanes zero.
+ZELK_INLINE int4 round_to_int(double2 x)
+{
+    return (int4)_mm_cvtpd_epi32(x);
+}
+ZELK_INLINE int4 trunc_to_int(double2 x)
+{
+    return (int4)_mm_cvttpd_epi32(x);
+}
+// The two low 32-bit lanes to binary64.
+ZELK_INLINE double2 to_double2(int4 x)
+{
+    return _mm_cvtepi32_pd((__m128i)x);
+}
+ZELK_INLINE double2 widen_low(float4 x)
+{
+    return _mm_cvtps_pd(x);
+}
+ZELK_INLINE double2 widen_high(float4 x)
+{
+    return _mm_cvtps_pd(_mm_movehl_ps(x, x));
+}
+ZELK_INLINE float4 narrow(double2 low, double2 high)
+{
+    return _mm_movelh_ps(_mm_cvtpd_ps(low), _mm_cvtpd_ps(high));
+}
+// Lanes 0 and 1 of both: (low0, low1, high0, high1).
+ZELK_INLINE int4 join_low(int4 low, int4 high)
+{
+    return (int4)_mm_unpacklo_epi64((__m128i)low, (__m128i)high);
+}
+// 32-bit lanes 0, 1 (2, 3) zero-extended to 64 bits.
+ZELK_INLINE long2 zero_extend_low(int4 x)
+{
+    return (long2)_mm_unpacklo_epi32((__m128i)x, _mm_setzero_si128());
+}
+ZELK_INLINE long2 zero_extend_high(int4 x)
+{
+    return (long2)_mm_unpackhi_epi32((__m128i)x, _mm_setzero_si128());
+}
+
+// The processor's estimates, relative error at most 1.5 * 2^-12.
+ZELK_INLINE float4 reciprocal_estimate(float4 x)
+{
+    return _mm_rcp_ps(x);
+}
+ZELK_INLINE float4 reciprocal_sqrt_estimate(float4 x)
+{
+    return _mm_rsqrt_ps(x);
+}
+ZELK_INLINE float4 square_root(float4 x)
+{
+    return _mm_sqrt_ps(x);
+}
+ZELK_INLINE double2 square_root(double2 x)
+{
+    return _mm_sqrt_pd(x);
+}
+
+// Keeps an operation that is done for its rounding or its flag: the compiler must produce x here, and knows
+// nothing of its value afterwards.
+ZELK_INLINE float4 opaque(float4 x)
+{
+    asm volatile("" : "+x"(x));
+    return x;
+}
+ZELK_INLINE double2 opaque(double2 x)
+{
+    asm volatile("" : "+x"(x));
+    return x;
+}
+ZELK_INLINE float opaque(float x)
+{
+    asm volatile("" : "+x"(x));
+    return x;
+}
+ZELK_INLINE double opaque(double x)
+{
+    asm volatile("" : "+x"(x));
+    return x;
+}
+
+// Last statement of a two-result kernel: `return both(first, second);` leaves first in XMM0, the platform's
+// return register, and second in XMM1. Nothing that the compiler still adds (restoring registers, the stack
+// pointer, the return) touches a vector register.
+template <class Vector>
+[[gnu::always_inline]] inline Vector both(Vector first, Vector second)
+{
+    register Vector xmm1 asm("xmm1") = second;
+    register Vector xmm0 asm("xmm0") = first;
+    asm volatile("" : "+x"(xmm0), "+x"(xmm1));
+    return xmm0;
+}
+
+} // namespace zelk::ZELK_TIER

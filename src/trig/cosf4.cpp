@@ -1,0 +1,65 @@
+// cos x on four binary32 lanes.
+// Method: cos x = (-1)^n sin(|x| - (n - 1/2) pi). |x| <= 10000: n = round((|x| + pi/2)/pi) and a degree-9 odd
+// polynomial. Up to 2^30 the reduction is done in binary64. Beyond, and for infinities and NaNs, lane by lane
+// from a table of sine and cosine.
+#include "dispatch/kernels.h"
+#include "trig/sincosf4.h"
+
+namespace zelk::ZELK_TIER {
+
+using tables::Sincosf4;
+
+ZELK_INLINE Reducedf4 reduce_in_binary32(float4 x, const Sincosf4& k)
+{
+    const float4 y = as_float4(as_int4(x) & k.MMIABSMASK);
+    const int4 n = round_to_int((y + k.MMSPIo2) * k.MMSINVPI);
+    return subtract_multiple_of_pi(y, to_float4(n) - k.MMS05, n, k);
+}
+
+// |x| = quadrant pi/2 + r with an odd quadrant, so that cos x = -(-1)^((quadrant - 1)/2) sin r.
+ZELK_INLINE Reducedf4 reduce_medium(float4 x, const Sincosf4& k)
+{
+    const float4 magnitude = as_float4(as_int4(x) & k.MMIABSMASK);
+    const double2 low = widen_low(magnitude);
+    const double2 high = widen_high(magnitude);
+    const int4 quadrant = trunc_quotient_by_half_pi(low, high, k) | k.dbiOne;
+    const int4 sign = ~(quadrant << 30) & k.sign_mask;
+    return reduce_in_binary64(low, high, quadrant, sign, k);
+}
+
+[[gnu::noinline]] static float __static_scalar_cosf(float x)
+{
+    if ((__builtin_bit_cast(std::uint32_t, x) & 0x7F800000) == 0x7F800000) return x - x;
+    const auto& table = tables::__spec_table_cosf;
+    const GridPoint point = reduce_to_grid(x, table);
+    const std::uint32_t quadrant = (point.n >> 6) & 3;
+    return evaluate_on_grid(grid_entry(point.n, table), point.f, quadrant >= 2,
+                            quadrant == 1 || quadrant == 2);
+}
+
+// Lanes of `beyond` have |x| > 10000, or are infinite or NaN.
+[[gnu::noinline, gnu::cold]] static float4 spec_scos4(float4 x, int4 beyond)
+{
+    const auto& k = tables::sincosf4;
+    // Lanes that the binary32 path cannot take pass through it as zeros: they must not raise anything there.
+    const Reducedf4 ordinary = reduce_in_binary32(as_float4(as_int4(x) & ~beyond), k);
+    const int4 huge = (as_int4(x) & k.MMIABSMASK) > k.flTwoPow30;
+    if (lane_mask(huge) == 0) return sine_polynomial(select(beyond, reduce_medium(x, k), ordinary), k);
+
+    float4 result = sine_polynomial(ordinary, k);
+    unsigned special = lane_mask(beyond);
+    for (int lane = 0; special != 0; ++lane, special >>= 1)
+        if (special & 1) result[lane] = __static_scalar_cosf(x[lane]);
+    return result;
+}
+
+float4 cosf4(float4 x)
+{
+    const auto& k = tables::sincosf4;
+    const int4 beyond = beyond_bound(x, k);
+    if (lane_mask(beyond) != 0) [[unlikely]]
+        return spec_scos4(x, beyond);
+    return sine_polynomial(reduce_in_binary32(x, k), k);
+}
+
+} // namespace zelk::ZELK_TIER

@@ -1,0 +1,51 @@
+// The list of entries as data, with the addresses that the built library exports.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zelk::test {
+
+enum class Lanes { f4, d2, c2, i4, u4, scalar };
+enum class Results { one, two, pointer };
+enum class MaskKind { Z, S, D, D2, T, P, I };
+
+struct Kernel {
+    std::string symbol; // "__zelk_sinf4.L"
+    char tier;
+    const void* address;
+};
+
+struct Entry {
+    std::string name;   // "sinf4"
+    std::string symbol; // "__zelk_sinf4"
+    Lanes lanes;
+    int args;
+    Results results;
+    std::string tiers; // that the dispatcher tries on this target, in order, as far as they are built
+    MaskKind mask;
+    double substitute[2];
+    std::string alias; // empty: none
+    const void* address;
+    std::vector<Kernel> kernels; // all of this target
+};
+
+std::span<const Entry> entries();
+const Entry& entry(std::string_view name);
+// Any exported symbol; null if there is none of that name.
+const void* exported(const std::string& symbol);
+
+// The scalar routines of the list: name and the tiers of the dispatcher ("" for a single implementation).
+struct ScalarEntry {
+    std::string name;
+    std::string signature;
+    std::string tiers;
+};
+std::span<const ScalarEntry> scalar_entries();
+
+// Every name that the list says is exported on this target.
+std::vector<std::string> listed_exports();
+
+} // namespace zelk::test

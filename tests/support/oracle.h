@@ -1,0 +1,98 @@
+// Exact values from MPFR, and errors against them.
+//
+// The error of a result is |got - exact| over the ulp of the binade that holds the exact value; below the
+// smallest normal number the ulp is that of the subnormals. A NaN, an infinity or a zero's sign that differs
+// from the exact result's counts as an infinite error.
+#pragma once
+
+#include <mpfr.h>
+
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "call.h"
+#include "entries.h"
+
+namespace zelk::test {
+
+class Exact {
+public:
+    Exact() { mpfr_init2(value, 220); }
+    ~Exact() { mpfr_clear(value); }
+    Exact(const Exact&) = delete;
+    Exact& operator=(const Exact&) = delete;
+    mpfr_t value;
+};
+
+// The exact function: an MPFR function, or anything with its signature.
+using Unary = std::function<void(mpfr_ptr, mpfr_srcptr)>;
+using Binary = std::function<void(mpfr_ptr, mpfr_srcptr, mpfr_srcptr)>;
+
+Unary mpfr_unary(int (*function)(mpfr_ptr, mpfr_srcptr, mpfr_rnd_t));
+Binary mpfr_binary(int (*function)(mpfr_ptr, mpfr_srcptr, mpfr_srcptr, mpfr_rnd_t));
+
+double ulp_error(float got, mpfr_srcptr exact);
+double ulp_error(double got, mpfr_srcptr exact);
+double ulp_error(long double got, mpfr_srcptr exact);
+
+// The largest error of a kernel over many arguments, all lanes used.
+struct Worst {
+    double ulp = 0;
+    double x = 0;
+    double y = 0;
+    double got = 0;
+    std::string text() const;
+};
+Worst worst_error(const void* kernel, std::span<const float> xs, const Unary& exact);
+Worst worst_error(const void* kernel, std::span<const double> xs, const Unary& exact);
+Worst worst_error(const void* kernel, std::span<const float> xs, std::span<const float> ys,
+                  const Binary& exact);
+Worst worst_error(const void* kernel, std::span<const double> xs, std::span<const double> ys,
+                  const Binary& exact);
+// The same for the second result of a two-result kernel.
+Worst worst_error_second(const void* kernel, std::span<const float> xs, const Unary& exact);
+Worst worst_error_second(const void* kernel, std::span<const double> xs, const Unary& exact);
+
+// Fails if the error is above the bound; prints what was measured in any case.
+void expect_error_within(double bound_ulp, const Worst& worst, const std::string& kernel,
+                         const std::string& path);
+
+// Arguments. Every sequence is reproducible. The environment variable ZELK_SURVEY multiplies the counts, for
+// a measurement that takes longer than a test should.
+class Random {
+public:
+    explicit Random(std::uint64_t seed) : state_(seed) {}
+    std::uint64_t next();
+
+private:
+    std::uint64_t state_;
+};
+// Uniform over the representable numbers between two of the same sign (uniform in the bit pattern).
+std::vector<float> sample_patterns(float from, float to, std::size_t count, std::uint64_t seed = 1);
+std::vector<double> sample_patterns(double from, double to, std::size_t count, std::uint64_t seed = 1);
+// Uniform over an interval.
+std::vector<float> sample_interval(float from, float to, std::size_t count, std::uint64_t seed = 1);
+std::vector<double> sample_interval(double from, double to, std::size_t count, std::uint64_t seed = 1);
+// x and its `radius` neighbours on both sides.
+std::vector<float> neighbours(float x, int radius);
+std::vector<double> neighbours(double x, int radius);
+
+template <class T>
+std::vector<T> joined(std::vector<T> a, const std::vector<T>& b)
+{
+    a.insert(a.end(), b.begin(), b.end());
+    return a;
+}
+template <class T>
+std::vector<T> with_negatives(std::vector<T> a)
+{
+    const std::size_t count = a.size();
+    for (std::size_t i = 0; i < count; ++i)
+        a.push_back(-a[i]);
+    return a;
+}
+
+} // namespace zelk::test

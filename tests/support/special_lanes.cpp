@@ -1,0 +1,114 @@
+#include "special_lanes.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cmath>
+
+namespace zelk::test {
+
+namespace {
+
+std::uint32_t pattern(float x)
+{
+    return std::bit_cast<std::uint32_t>(x);
+}
+std::uint64_t pattern(double x)
+{
+    return std::bit_cast<std::uint64_t>(x);
+}
+void set(Vec128& v, std::size_t lane, float x)
+{
+    v.u[lane] = pattern(x);
+}
+void set(Vec128& v, std::size_t lane, double x)
+{
+    v.q[lane] = pattern(x);
+}
+float get(const Vec128& v, std::size_t lane, float)
+{
+    return v.f[lane];
+}
+double get(const Vec128& v, std::size_t lane, double)
+{
+    return v.d[lane];
+}
+
+bool is_quiet_nan(std::uint32_t bits)
+{
+    return (bits & 0x7FC00000) == 0x7FC00000;
+}
+bool is_quiet_nan(std::uint64_t bits)
+{
+    return (bits & 0x7FF8000000000000) == 0x7FF8000000000000;
+}
+
+template <class T>
+void check(const Kernel& kernel, std::span<const Special<T>> cases, T ordinary_x, OrdinaryLanes ordinary,
+           std::span<const Rounding> roundings, T ordinary_y)
+{
+    constexpr std::size_t lanes = 16 / sizeof(T);
+    Vec128 plain_x;
+    Vec128 plain_y;
+    for (std::size_t lane = 0; lane < lanes; ++lane) {
+        set(plain_x, lane, ordinary_x);
+        set(plain_y, lane, ordinary_y);
+    }
+    for (const Rounding rounding : roundings) {
+        const Result plain = call(kernel.address, plain_x, plain_y, {}, nullptr, rounding);
+        for (const auto& special : cases) {
+            // The last round has the special argument in all lanes.
+            for (std::size_t where = 0; where <= lanes; ++where) {
+                Vec128 x = plain_x;
+                Vec128 y = plain_y;
+                for (std::size_t lane = 0; lane < lanes; ++lane) {
+                    if (where != lanes && where != lane) continue;
+                    set(x, lane, special.x);
+                    set(y, lane, special.y);
+                }
+                const Result result = call(kernel.address, x, y, {}, nullptr, rounding);
+                const std::string context = kernel.symbol + ' ' + special.name + " in lane " +
+                                            (where == lanes ? "all" : std::to_string(where)) + ", rounding " +
+                                            std::to_string(static_cast<unsigned>(rounding)) + ", x " +
+                                            hex(x) + " y " + hex(y) + " gives " + hex(result.first);
+                EXPECT_EQ(flag_names(result.flags & loud_flags), flag_names(special.flags)) << context;
+                for (std::size_t lane = 0; lane < lanes; ++lane) {
+                    const auto got = pattern(get(result.first, lane, T{}));
+                    if (where == lanes || where == lane) {
+                        if (std::isnan(special.expected))
+                            EXPECT_TRUE(is_quiet_nan(got)) << context;
+                        else
+                            EXPECT_EQ(got, pattern(special.expected)) << context;
+                    } else if (ordinary == OrdinaryLanes::keep_bits) {
+                        EXPECT_EQ(got, pattern(get(plain.first, lane, T{})))
+                            << context << ", ordinary lane " << lane;
+                    }
+                }
+            }
+        }
+    }
+}
+
+} // namespace
+
+void check_specials(const Kernel& kernel, std::span<const Special<float>> cases, float ordinary_x,
+                    OrdinaryLanes ordinary, std::span<const Rounding> roundings, float ordinary_y)
+{
+    check<float>(kernel, cases, ordinary_x, ordinary, roundings, ordinary_y);
+}
+void check_specials(const Kernel& kernel, std::span<const Special<double>> cases, double ordinary_x,
+                    OrdinaryLanes ordinary, std::span<const Rounding> roundings, double ordinary_y)
+{
+    check<double>(kernel, cases, ordinary_x, ordinary, roundings, ordinary_y);
+}
+
+float signalling_nan_f()
+{
+    return std::bit_cast<float>(0x7FA00000u);
+}
+double signalling_nan_d()
+{
+    return std::bit_cast<double>(0x7FF4000000000000u);
+}
+
+} // namespace zelk::test

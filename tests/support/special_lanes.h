@@ -1,0 +1,41 @@
+// Special arguments beside ordinary ones, in every lane.
+#pragma once
+
+#include <span>
+
+#include "call.h"
+#include "entries.h"
+
+namespace zelk::test {
+
+// One argument (pair) whose result is known. A NaN expectation takes any quiet NaN; anything else is compared
+// bit for bit. `flags` are the loud flags (invalid, divide-by-zero, overflow) that the lane raises, no more,
+// no less.
+template <class T>
+struct Special {
+    const char* name;
+    T x;
+    T expected;
+    unsigned flags = 0;
+    T y = 0;
+};
+
+enum class OrdinaryLanes {
+    keep_bits, // lanes beside a special one give what they give in an all-ordinary vector
+    any        // they may differ from that (whole-vector hand-overs); their own test judges them
+};
+
+// Puts each special argument into each lane beside ordinary ones, and into all lanes, in the given rounding
+// modes.
+void check_specials(const Kernel& kernel, std::span<const Special<float>> cases, float ordinary_x,
+                    OrdinaryLanes ordinary, std::span<const Rounding> roundings = all_roundings,
+                    float ordinary_y = 0);
+void check_specials(const Kernel& kernel, std::span<const Special<double>> cases, double ordinary_x,
+                    OrdinaryLanes ordinary, std::span<const Rounding> roundings = all_roundings,
+                    double ordinary_y = 0);
+
+// Signalling NaNs cannot be passed through floating-point values reliably: bit patterns, made on use.
+float signalling_nan_f();
+double signalling_nan_d();
+
+} // namespace zelk::test
