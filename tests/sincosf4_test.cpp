@@ -62,7 +62,7 @@ TEST(Sincosf4, SpecialLanes)
         {"+inf", infinity, quiet_nan, flag_invalid},
         {"-inf", -infinity, quiet_nan, flag_invalid},
         {"NaN", quiet_nan, quiet_nan},
-        {"signalling NaN", signalling_nan_f(), quiet_nan, flag_invalid},
+        {"signalling NaN", signalling_nan_f, quiet_nan, flag_invalid},
         {"+0", 0.0f, 0.0f},
     };
     for (const auto& kernel : entry("sinf4").kernels)

@@ -34,8 +34,8 @@ void check_specials(const Kernel& kernel, std::span<const Special<double>> cases
                     OrdinaryLanes ordinary, std::span<const Rounding> roundings = all_roundings,
                     double ordinary_y = 0);
 
-// Signalling NaNs cannot be passed through floating-point values reliably: bit patterns, made on use.
-float signalling_nan_f();
-double signalling_nan_d();
+// Constants, not functions: a function would return them through the x87 stack on i386, which quiets them.
+inline constexpr float signalling_nan_f = __builtin_bit_cast(float, 0x7FA00000u);
+inline constexpr double signalling_nan_d = __builtin_bit_cast(double, std::uint64_t{0x7FF4000000000000});
 
 } // namespace zelk::test
