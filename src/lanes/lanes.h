@@ -239,4 +239,10 @@ template <class Vector>
     return xmm0;
 }
 
+// The high words of both binary64 lanes, in the two low 32-bit lanes.
+ZELK_INLINE int4 gather_high_words(int4 x)
+{
+    return (int4)_mm_shuffle_epi32((__m128i)x, 0xDD);
+}
+
 } // namespace zelk::ZELK_TIER
