@@ -41,7 +41,34 @@ double sqrt_scalar(double x);
 float sqrtf_scalar(float x);
 long double sqrtl_scalar(long double x);
 
-/* Cube roots. */
+/* Cube roots: any finite x, negative ones included. */
+
+/* Cube root on four binary32 lanes.
+ * Error: 2.36 ulp (tier A), 1.95 ulp (other tiers).
+ * Special: zeros and infinities give themselves; a NaN gives a quiet NaN, a signalling one raises invalid.
+ * Method: exponent divided by 3 in integers; a quadratic per 1/64 of the significand's range (tier A), or a table
+ * reciprocal and the series of (1 + u)^(1/3). */
+zelk_float4 __zelk_cbrtf4(zelk_float4 x);
+
+/* 1/cbrt x on four binary32 lanes.
+ * Error: 2.83 ulp; powers of 8 are not exact.
+ * Special: +0 (-0) gives +inf (-inf) and raises divide-by-zero; +inf (-inf) gives +0 (-0); a NaN gives a quiet NaN, a
+ * signalling one raises invalid.
+ * Method: a polynomial of degree 7 in the significand, in binary64. */
+zelk_float4 __zelk_invcbrtf4(zelk_float4 x);
+
+/* Cube root on two binary64 lanes.
+ * Error: 6.9 ulp.
+ * Special: as __zelk_cbrtf4.
+ * Method: x z^2 with z = |x|^(-1/3) from a quadratic per 1/128 of the significand's range and one Newton step. */
+zelk_double2 __zelk_cbrt2(zelk_double2 x);
+
+/* 1/cbrt x on two binary64 lanes.
+ * Error: 2.8 ulp.
+ * Special: +0 (-0) gives +inf (-inf) and raises divide-by-zero; +inf (-inf) gives +0 (-0); any NaN gives the NaN with
+ * all bits set and raises nothing.
+ * Method: as __zelk_cbrt2. */
+zelk_double2 __zelk_invcbrt2(zelk_double2 x);
 
 /* Error functions. */
 

@@ -243,4 +243,31 @@ template <class Vector>
     return xmm0;
 }
 
+// Upper halves of the unsigned 16 x 16-bit products.
+ZELK_INLINE int4 multiply_high_16(int4 a, int4 b)
+{
+    return (int4)_mm_mulhi_epu16((__m128i)a, (__m128i)b);
+}
+
+// Rows (a, b, c, d) of four lanes to the columns' lanes.
+ZELK_INLINE void transpose(float4& a, float4& b, float4& c, float4& d)
+{
+    const float4 ab_low = _mm_unpacklo_ps(a, b);
+    const float4 cd_low = _mm_unpacklo_ps(c, d);
+    const float4 ab_high = _mm_unpackhi_ps(a, b);
+    const float4 cd_high = _mm_unpackhi_ps(c, d);
+    a = _mm_movelh_ps(ab_low, cd_low);
+    b = _mm_movehl_ps(cd_low, ab_low);
+    c = _mm_movelh_ps(ab_high, cd_high);
+    d = _mm_movehl_ps(cd_high, ab_high);
+}
+ZELK_INLINE double2 unpack_low(double2 a, double2 b)
+{
+    return _mm_unpacklo_pd(a, b);
+}
+ZELK_INLINE double2 unpack_high(double2 a, double2 b)
+{
+    return _mm_unpackhi_pd(a, b);
+}
+
 } // namespace zelk::ZELK_TIER
