@@ -40,7 +40,31 @@ zelk_double2 __zelk_rint2(zelk_double2 x);
 zelk_float4 __zelk_nearbyintf4(zelk_float4 x);
 zelk_double2 __zelk_nearbyint2(zelk_double2 x);
 
-/* Integer division. */
+/* Integer division of four 32-bit lanes, dividend a by divisor b, exact in every tier and rounding mode. The quotient
+ * is truncated toward zero; a = quotient * b + remainder, and the remainder has the sign of the dividend.
+ * Lanes without a quotient do no harm: nothing traps and other lanes are not touched. There
+ *   - signed, b = 0: quotient -2^31, remainder a;
+ *   - signed, -2^31 by -1: quotient -2^31, remainder 0;
+ *   - unsigned, b = 0: quotient 2^32 - 1, remainder a.
+ * No floating-point flag is raised but inexact (tiers J, L, N).
+ * Methods: tier A divides lane by lane; the others by a reciprocal estimate, one Newton step in binary32 and one in
+ * binary64 with an upward bias, a product and a truncation. */
+
+/* Signed quotient, remainder. */
+zelk_int4 __zelk_idiv4(zelk_int4 a, zelk_int4 b);
+zelk_int4 __zelk_irem4(zelk_int4 a, zelk_int4 b);
+
+/* Unsigned quotient, remainder. */
+zelk_uint4 __zelk_udiv4(zelk_uint4 a, zelk_uint4 b);
+zelk_uint4 __zelk_urem4(zelk_uint4 a, zelk_uint4 b);
+
+/* Quotient in XMM0, as C sees it, and remainder in XMM1, which C cannot see: for callers that know the convention. */
+zelk_int4 __zelk_idivrem4(zelk_int4 a, zelk_int4 b);
+zelk_uint4 __zelk_udivrem4(zelk_uint4 a, zelk_uint4 b);
+
+/* The same for C: the remainder is stored at the 16-byte-aligned address given, besides being left in XMM1. */
+zelk_int4 ropiDivRem4(zelk_int4 a, zelk_int4 b, zelk_int4* remainder);
+zelk_uint4 ropuDivRem4(zelk_uint4 a, zelk_uint4 b, zelk_uint4* remainder);
 
 ZELK_END_DECLARATIONS
 
