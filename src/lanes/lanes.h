@@ -47,6 +47,10 @@ ZELK_INLINE int4 as_int4(uint4 x)
 {
     return (int4)x;
 }
+ZELK_INLINE int4 as_int4(ulong2 x)
+{
+    return (int4)x;
+}
 ZELK_INLINE uint4 as_uint4(float4 x)
 {
     return (uint4)x;
