@@ -37,7 +37,6 @@ TEST(Expf4, ErrorByPath)
 {
     const float last_finite = std::nextafter(first_infinite, 0.0f);
     const float last_nonzero = std::nextafter(first_zero, 0.0f);
-    const float hardest[] = {-0x1.5aad64p6f, -0x1.bebc8ap-6f, 0x1.54eb42p6f, 0x1.5a8ee4p6f};
     const struct {
         const char* name;
         std::vector<float> arguments;
@@ -46,7 +45,9 @@ TEST(Expf4, ErrorByPath)
     } paths[] = {
         {"tiny", with_negatives(sample_patterns(smallest, 0x1p-8f, 4000)), 0.51, 1.2},
         {"fast", with_negatives(sample_interval(0x1p-8f, bound_l, 15000)), 0.57, 3.22},
-        {"hardest known", {std::begin(hardest), std::end(hardest)}, 0.57, 3.22},
+        {"hardest tiny", {-0x1.713e06p-9f, -0x1.ff01p-9f}, 0.51, 1.2},
+        {"hardest", {-0x1.5aad64p6f, -0x1.bebc8ap-6f, 0x1.600512p6f, 0x1.5d47ap6f}, 0.57, 3.22},
+        {"hardest subnormal results", {-0x1.5f53dap6f, -0x1.5da0d6p6f}, 0.77, 1.7},
         {"next to overflow",
          joined(sample_interval(bound_l, last_finite, 10000),
                 joined(neighbours(bound_a, 20), neighbours(std::nextafter(last_finite, 0.0f), 1))),
