@@ -261,13 +261,21 @@ ZELK_INLINE void transpose(float4& a, float4& b, float4& c, float4& d)
     c = _mm_movelh_ps(ab_high, cd_high);
     d = _mm_movehl_ps(cd_high, ab_high);
 }
-ZELK_INLINE double2 unpack_low(double2 a, double2 b)
+
+// The first and the second words of four rows of a table, by row numbers below 2^16.
+struct Pairf4 {
+    float4 first;
+    float4 second;
+};
+ZELK_INLINE Pairf4 gather_rows(const std::uint32_t (*rows)[2], int4 row)
 {
-    return _mm_unpacklo_pd(a, b);
-}
-ZELK_INLINE double2 unpack_high(double2 a, double2 b)
-{
-    return _mm_unpackhi_pd(a, b);
+    const auto load = [&](int low, int high) {
+        const __m128i words = _mm_loadl_epi64((const __m128i*)rows[low]);
+        return _mm_loadh_pi((__m128)words, (const __m64*)rows[high]);
+    };
+    const float4 rows01 = load(_mm_extract_epi16((__m128i)row, 0), _mm_extract_epi16((__m128i)row, 2));
+    const float4 rows23 = load(_mm_extract_epi16((__m128i)row, 4), _mm_extract_epi16((__m128i)row, 6));
+    return {_mm_shuffle_ps(rows01, rows23, 0x88), _mm_shuffle_ps(rows01, rows23, 0xDD)};
 }
 
 } // namespace zelk::ZELK_TIER

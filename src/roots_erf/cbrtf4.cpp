@@ -41,18 +41,11 @@ ZELK_INLINE float4 cube_root_by_reciprocal(int4 magnitude, const Cbrtf4& k)
     const float4 m = significand(magnitude, k);
     const float4 m_high = as_float4(as_int4(m) & k.s_dwRcpMask);
     const int4 index = (magnitude & k.mantissa_mask) >> 15;
-    const auto& table = tables::cbrtf4_reciprocal;
-    const int4 r_bits = {
-        static_cast<std::int32_t>(table[index[0]].r), static_cast<std::int32_t>(table[index[1]].r),
-        static_cast<std::int32_t>(table[index[2]].r), static_cast<std::int32_t>(table[index[3]].r)};
-    const int4 T_bits = {
-        static_cast<std::int32_t>(table[index[0]].s_dwT), static_cast<std::int32_t>(table[index[1]].s_dwT),
-        static_cast<std::int32_t>(table[index[2]].s_dwT), static_cast<std::int32_t>(table[index[3]].s_dwT)};
-    const float4 r = as_float4(r_bits);
+    const auto [r, T] = gather_rows(tables::s_dwT, index);
 
     // u = m r - 1: m_high has 9 and r has 12 significant bits, so that the second term is exact.
     const float4 u = (m - m_high) * r + (m_high * r - k.one);
-    const float4 ST = S * as_float4(T_bits);
+    const float4 ST = S * T;
     return ST + ST * (u * (k.s_dwC1 + u * k.s_dwC2));
 }
 

@@ -47,7 +47,7 @@ const float4 s_fAi[64] = {
 #include "tables/cbrtf4_quadratic.inc"
 };
 
-const CbrtReciprocal cbrtf4_reciprocal[256] = {
+const std::uint32_t s_dwT[256][2] = {
 #include "tables/cbrtf4_reciprocal.inc"
 };
 

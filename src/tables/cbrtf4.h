@@ -50,11 +50,7 @@ ZELK_TABLE Invcbrtf4 invcbrtf4;
 ZELK_TABLE std::uint32_t s_fCbrtTable[4];
 // Quadratics c0 + c1 m + c2 m^2 for m^(1/3) on [1 + i/64, 1 + (i + 1)/64).
 ZELK_TABLE float4 s_fAi[64];
-// r_j, a 12-bit reciprocal of 1 + j/256, and T_j = (1/r_j)^(1/3).
-struct CbrtReciprocal {
-    std::uint32_t r;
-    std::uint32_t s_dwT;
-};
-ZELK_TABLE CbrtReciprocal cbrtf4_reciprocal[256];
+// Rows (r_j, T_j): a 12-bit reciprocal of 1 + j/256, and (1/r_j)^(1/3).
+ZELK_TABLE std::uint32_t s_dwT[256][2];
 
 } // namespace zelk::tables
