@@ -48,6 +48,11 @@ struct Signature<Lanes, 2, true> {
 #define ZELK_SIGNATURE_l_ll long double(long double, long double)
 #define ZELK_SIGNATURE_v_lLL void(long double, long double*, long double*)
 #define ZELK_SIGNATURE_v_LLl void(long double*, long double*, long double)
+#define ZELK_SIGNATURE_f_ff float(float, float)
+#define ZELK_SIGNATURE_c_c float _Complex(float _Complex)
+#define ZELK_SIGNATURE_c_cc float _Complex(float _Complex, float _Complex)
+#define ZELK_SIGNATURE_z_z double _Complex(double _Complex)
+#define ZELK_SIGNATURE_z_zz double _Complex(double _Complex, double _Complex)
 #define ZELK_SIGNATURE_i_lD int(long double, double*)
 #define ZELK_SCALAR(kernel, signature, ...)                                                                  \
     static_assert(std::is_same_v<decltype(kernel), ZELK_SIGNATURE_##signature>);
@@ -57,6 +62,7 @@ struct Signature<Lanes, 2, true> {
     static_assert(sizeof name == sizeof(type) * entries * values);
 
 #pragma GCC diagnostic ignored "-Wignored-attributes"
+#pragma GCC diagnostic ignored "-Wpedantic" // complex types
 #include "dispatch/entries.def"
 
 // A caller's view: a plain call through the header.

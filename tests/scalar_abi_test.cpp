@@ -29,12 +29,24 @@ std::vector<Bits80> values()
     return list;
 }
 
-Argument argument(const ScalarKernel& kernel, const Bits80& x)
+Argument argument(const ScalarKernel& kernel, const Bits80& x, const Bits80& imaginary = {})
 {
     Argument result(x);
-    if (kernel.signature[2] == 'd') result.narrow = Argument(static_cast<double>(number(x))).narrow;
-    if (kernel.signature[2] == 'f') result.narrow = Argument(static_cast<float>(number(x))).narrow;
+    const char kind = kernel.signature[2];
+    if (kind == 'd' || kind == 'z') {
+        result.narrow = Argument(static_cast<double>(number(x))).narrow;
+        result.imaginary = Argument(static_cast<double>(number(imaginary))).narrow;
+    }
+    if (kind == 'f' || kind == 'c') {
+        result.narrow = Argument(static_cast<float>(number(x))).narrow;
+        result.imaginary = Argument(static_cast<float>(number(imaginary))).narrow;
+    }
     return result;
+}
+
+bool is_complex(const ScalarKernel& kernel)
+{
+    return kernel.signature[0] == 'z' || kernel.signature[0] == 'c';
 }
 
 bool same(const ScalarKernel& kernel, const ScalarResult& a, const ScalarResult& b)
@@ -42,6 +54,9 @@ bool same(const ScalarKernel& kernel, const ScalarResult& a, const ScalarResult&
     switch (kernel.signature[0]) {
     case 'l':
         return a.extended == b.extended;
+    case 'z':
+    case 'c':
+        return a.complex == b.complex;
     case 'i':
         return a.integer == b.integer && a.stored[0] == b.stored[0];
     case 'v':
@@ -56,13 +71,15 @@ TEST(ScalarAbi, EveryRoutineOnEveryPath)
     for (const ScalarEntry& entry : scalar_entries()) {
         for (const ScalarKernel& kernel : scalar_kernels(entry.name)) {
             ASSERT_NE(kernel.address, nullptr) << kernel.symbol;
-            const bool two = kernel.signature.ends_with("ll") || kernel.signature.ends_with("dd");
+            // The second of two arguments, or the imaginary part.
+            const bool two = is_complex(kernel) || kernel.signature.ends_with("ll") ||
+                             kernel.signature.ends_with("dd") || kernel.signature.ends_with("ff");
             unsigned turn = 0;
             for (const Bits80& x : values()) {
                 for (const Bits80& y : values()) {
                     for (const unsigned precision : {64u, 53u, 24u}) {
                         const Environment environment{all_roundings[turn % 4], precision, turn / 4 % 4 * 4};
-                        call_scalar(kernel, argument(kernel, x), argument(kernel, y), environment);
+                        call_scalar(kernel, argument(kernel, x, y), argument(kernel, y, x), environment);
                         ++turn;
                     }
                     if (!two) break;
@@ -80,13 +97,15 @@ TEST(ScalarAbi, ThreadsGetTheSameBits)
         const auto arguments = values();
         std::vector<ScalarResult> expected;
         for (const Bits80& x : arguments)
-            expected.push_back(call_scalar(kernel, argument(kernel, x), argument(kernel, arguments[22])));
+            expected.push_back(
+                call_scalar(kernel, argument(kernel, x, arguments[22]), argument(kernel, arguments[22])));
         std::vector<std::thread> threads;
         for (int i = 0; i < 8; ++i)
             threads.emplace_back([&] {
                 for (std::size_t j = 0; j < arguments.size(); ++j) {
                     const ScalarResult got =
-                        call_scalar(kernel, argument(kernel, arguments[j]), argument(kernel, arguments[22]));
+                        call_scalar(kernel, argument(kernel, arguments[j], arguments[22]),
+                                    argument(kernel, arguments[22]));
                     EXPECT_TRUE(same(kernel, got, expected[j])) << kernel.symbol << hex(arguments[j]);
                 }
             });

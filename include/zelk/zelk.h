@@ -5,6 +5,7 @@
 #ifndef ZELK_ZELK_H
 #define ZELK_ZELK_H
 
+#include "zelk/complex.h"
 #include "zelk/explog.h"
 #include "zelk/extended.h"
 #include "zelk/hyperbolic.h"

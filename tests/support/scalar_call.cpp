@@ -36,6 +36,15 @@ std::string hex(const Bits80& bits)
     return text;
 }
 
+ComplexBits complex_bits(const double& re, const double& im)
+{
+    return {std::bit_cast<std::uint64_t>(re), std::bit_cast<std::uint64_t>(im)};
+}
+ComplexBits complex_bits(const float& re, const float& im)
+{
+    return {std::bit_cast<std::uint32_t>(re), std::bit_cast<std::uint32_t>(im)};
+}
+
 Argument::Argument(const double& x) : narrow(std::bit_cast<std::uint64_t>(x)) {}
 Argument::Argument(const float& x) : narrow(std::bit_cast<std::uint32_t>(x)) {}
 
@@ -119,6 +128,15 @@ public:
         else
             push(bits, size);
     }
+    void complex(const Argument& z, char kind)
+    {
+        if (kind == 'c') {
+            narrow(z.imaginary << 32 | z.narrow, 8);
+        } else {
+            narrow(z.narrow, 8);
+            narrow(z.imaginary, 8);
+        }
+    }
     void pointer(std::uintptr_t address)
     {
         if (is_64_bit)
@@ -150,6 +168,10 @@ ScalarResult call_scalar(const ScalarKernel& kernel, const Argument& x, const Ar
     ArgumentWriter arguments(frame);
     const Argument* next = &x;
     std::size_t pointers = 0;
+    // i386 returns a double _Complex through a pointer before the arguments, which the callee takes off the
+    // stack.
+    const bool by_hidden_pointer = !is_64_bit && kernel.signature[0] == 'z';
+    if (by_hidden_pointer) arguments.pointer(destinations[0].address());
     for (const char kind : kernel.signature.substr(2)) {
         if (kind == 'L' || kind == 'D') {
             arguments.pointer(destinations[pointers++].address());
@@ -157,6 +179,8 @@ ScalarResult call_scalar(const ScalarKernel& kernel, const Argument& x, const Ar
         }
         if (kind == 'l')
             arguments.extended(next->extended);
+        else if (kind == 'z' || kind == 'c')
+            arguments.complex(*next, kind);
         else
             arguments.narrow(next->narrow, kind == 'd' ? 8 : 4);
         next = &y;
@@ -170,7 +194,12 @@ ScalarResult call_scalar(const ScalarKernel& kernel, const Argument& x, const Ar
 
     ScalarResult result{};
     const char kind = kernel.signature[0];
-    const auto context = [&] { return kernel.symbol + ' ' + hex(x.extended) + ' ' + hex(y.extended); };
+    const auto context = [&] {
+        const bool extended = kernel.signature.find('l') != std::string::npos;
+        if (extended) return kernel.symbol + ' ' + hex(x.extended) + ' ' + hex(y.extended);
+        return kernel.symbol + ' ' + hex(quads(x.narrow, x.imaginary)) + ' ' +
+               hex(quads(y.narrow, y.imaginary));
+    };
     const bool on_x87_stack = kind == 'l' || (!is_64_bit && (kind == 'd' || kind == 'f'));
     unsigned occupied = 0;
     for (unsigned i = 0; i < 8; ++i)
@@ -179,7 +208,7 @@ ScalarResult call_scalar(const ScalarKernel& kernel, const Argument& x, const Ar
     // fninit sets bit 6, which has no meaning.
     EXPECT_EQ(frame.control_out & 0xFFBF, frame.control_in & 0xFFBF) << context() << ": x87 control word";
     EXPECT_EQ(frame.mxcsr_out & ~0x3Fu, frame.mxcsr_in) << context() << ": MXCSR";
-    EXPECT_EQ(frame.stack_delta, 0u) << context() << ": stack pointer";
+    EXPECT_EQ(frame.stack_delta, by_hidden_pointer ? -4u : 0u) << context() << ": stack pointer";
     EXPECT_EQ(frame.status_out & 0x40, 0u) << context() << ": x87 stack fault";
 
     std::memcpy(&result.extended.significand, frame.result, 8);
@@ -199,6 +228,17 @@ ScalarResult call_scalar(const ScalarKernel& kernel, const Argument& x, const Ar
         EXPECT_TRUE(destinations[i].written(doubles ? 16 : 10)) << context() << ": wrote beside a result";
         result.stored[i] = destinations[i].extended();
         if (doubles) std::memcpy(result.stored_doubles, destinations[i].at(), 16);
+    }
+    if (by_hidden_pointer) {
+        EXPECT_TRUE(destinations[0].written(16)) << context() << ": wrote beside the result";
+        EXPECT_EQ(frame.integer_out[0], static_cast<std::uint32_t>(destinations[0].address())) << context();
+        std::memcpy(&result.complex, destinations[0].at(), 16);
+    } else if (kind == 'z') {
+        result.complex = {frame.xmm_out[0], frame.xmm_out[1]};
+    } else if (kind == 'c' && is_64_bit) {
+        result.complex = {frame.xmm_out[0] & 0xFFFFFFFF, frame.xmm_out[0] >> 32};
+    } else if (kind == 'c') {
+        result.complex = {frame.integer_out[0], frame.integer_out[1]};
     }
     result.x87_flags = frame.status_out & 0x3F;
     result.sse_flags = frame.mxcsr_out & 0x3F;

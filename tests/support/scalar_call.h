@@ -66,15 +66,26 @@ std::vector<ScalarKernel> scalar_kernels(const std::string& name);
 // The one of a name without tiers.
 ScalarKernel scalar_kernel(const std::string& name);
 
-// An argument: 80 bits for l, 64 for d, 32 for f.
+// The bits of a complex number: binary64 parts (z), or binary32 parts in the low halves (c).
+struct ComplexBits {
+    std::uint64_t re = 0;
+    std::uint64_t im = 0;
+    bool operator==(const ComplexBits&) const = default;
+};
+ComplexBits complex_bits(const double& re, const double& im);
+ComplexBits complex_bits(const float& re, const float& im);
+
+// An argument: 80 bits for l, 64 for d, 32 for f, two of them for z and c.
 struct Argument {
     Argument() = default;
     Argument(const Bits80& x) : extended(x) {}
     Argument(const long double& x) : extended(bits80(x)) {}
     Argument(const double& x);
     Argument(const float& x);
+    Argument(const ComplexBits& z) : narrow(z.re), imaginary(z.im) {}
     Bits80 extended;
-    std::uint64_t narrow = 0; // d and f
+    std::uint64_t narrow = 0;    // d and f; the real part of z and c
+    std::uint64_t imaginary = 0; // z and c
 };
 
 struct Environment {
@@ -86,6 +97,7 @@ struct Environment {
 struct ScalarResult {
     Bits80 extended;          // l
     std::uint64_t narrow = 0; // d, f
+    ComplexBits complex;      // z, c
     std::int32_t integer = 0; // i
     Bits80 stored[2];         // L, in order of the pointers
     double stored_doubles[2]; // D
@@ -103,12 +115,12 @@ ScalarResult call_scalar(const ScalarKernel& kernel, const Argument& x, const Ar
 
 struct ScalarFrame {
     unsigned char stack[48];
-    std::uint64_t xmm_in[2];
+    std::uint64_t xmm_in[4];
     std::uint64_t pointers[2]; // x86-64: rdi, rsi
     std::uint64_t target;
     std::uint64_t xmm_out[2];
-    std::uint32_t integer_out[2];
-    unsigned char result[16]; // top of the x87 stack, if there is one
+    std::uint32_t integer_out[2]; // eax, edx
+    unsigned char result[16];     // top of the x87 stack, if there is one
     std::uint32_t mxcsr_in;
     std::uint32_t mxcsr_out;
     std::uint32_t control_in;
@@ -118,8 +130,8 @@ struct ScalarFrame {
     std::uint32_t stack_delta;
     std::uint32_t stack_shift;
 };
-static_assert(offsetof(ScalarFrame, target) == 80 && offsetof(ScalarFrame, result) == 112 &&
-              offsetof(ScalarFrame, stack_shift) == 156);
+static_assert(offsetof(ScalarFrame, target) == 96 && offsetof(ScalarFrame, result) == 128 &&
+              offsetof(ScalarFrame, stack_shift) == 172);
 extern "C" void zelk_call_scalar(ScalarFrame* frame);
 
 } // namespace zelk::test

@@ -1,23 +1,23 @@
-// void zelk_call_scalar(ScalarFrame*): calls frame->target with the stack arguments, XMM0 and XMM1, two pointer
+// void zelk_call_scalar(ScalarFrame*): calls frame->target with the stack arguments, XMM0 to XMM3, two pointer
 // registers (x86-64), the MXCSR and the x87 control word as the frame says, and stores into the frame what comes
 // back. Offsets are those of ScalarFrame in scalar_call.h, the same on both targets.
 
 #define STACK 0
 #define STACK_SIZE 48
 #define XMM_IN 48
-#define POINTERS 64
-#define TARGET 80
-#define XMM_OUT 88
-#define INTEGER_OUT 104
-#define RESULT 112
-#define MXCSR_IN 128
-#define MXCSR_OUT 132
-#define CONTROL_IN 136
-#define CONTROL_OUT 140
-#define STATUS_OUT 144
-#define TAG_OUT 148
-#define STACK_DELTA 152
-#define STACK_SHIFT 156
+#define POINTERS 80
+#define TARGET 96
+#define XMM_OUT 104
+#define INTEGER_OUT 120
+#define RESULT 128
+#define MXCSR_IN 144
+#define MXCSR_OUT 148
+#define CONTROL_IN 152
+#define CONTROL_OUT 156
+#define STATUS_OUT 160
+#define TAG_OUT 164
+#define STACK_DELTA 168
+#define STACK_SHIFT 172
 
     .text
     .globl zelk_call_scalar
@@ -34,6 +34,7 @@
     movq %xmm0, XMM_OUT(REG(bx))
     movq %xmm1, XMM_OUT+8(REG(bx))
     movl %eax, INTEGER_OUT(REG(bx))
+    movl %edx, INTEGER_OUT+4(REG(bx))
     stmxcsr MXCSR_OUT(REG(bx))
     fnstenv (REG(sp))
     movl (REG(sp)), %eax
@@ -73,6 +74,8 @@ zelk_call_scalar:
     ldmxcsr MXCSR_IN(%rbx)
     movq XMM_IN(%rbx), %xmm0
     movq XMM_IN+8(%rbx), %xmm1
+    movq XMM_IN+16(%rbx), %xmm2
+    movq XMM_IN+24(%rbx), %xmm3
     movq POINTERS(%rbx), %rdi
     movq POINTERS+8(%rbx), %rsi
     call *TARGET(%rbx)

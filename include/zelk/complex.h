@@ -1,0 +1,85 @@
+/* Functions of complex numbers, on two binary32 numbers at a time and one by one, and the small scalar routines that go
+ * with them. */
+#ifndef ZELK_COMPLEX_H
+#define ZELK_COMPLEX_H
+
+#include "zelk/types.h"
+
+/* C's float _Complex and double _Complex, which GCC and Clang have in C++ too. std::complex has the same layout but not
+ * everywhere the same calling convention: copy its parts. */
+__extension__ typedef float _Complex zelk_complex_float;
+__extension__ typedef double _Complex zelk_complex_double;
+
+ZELK_BEGIN_DECLARATIONS
+
+/* Exponential. */
+
+/* Logarithm. */
+
+/* Square root. */
+
+/* Arc cosine. */
+
+/* Functions that are not provided. These routines stand for the names: each returns its argument unchanged, bit for
+ * bit, whatever it is (the powers their first argument), and raises nothing. They do not compute the function. */
+
+zelk_cfloat2 __zelk_cacoshf2(zelk_cfloat2 z);
+zelk_cfloat2 __zelk_casinf2(zelk_cfloat2 z);
+zelk_cfloat2 __zelk_casinhf2(zelk_cfloat2 z);
+zelk_cfloat2 __zelk_catanf2(zelk_cfloat2 z);
+zelk_cfloat2 __zelk_catanhf2(zelk_cfloat2 z);
+zelk_cfloat2 __zelk_ccosf2(zelk_cfloat2 z);
+zelk_cfloat2 __zelk_ccoshf2(zelk_cfloat2 z);
+zelk_cfloat2 __zelk_clog10f2(zelk_cfloat2 z);
+zelk_cfloat2 __zelk_clog2f2(zelk_cfloat2 z);
+zelk_cfloat2 __zelk_csinf2(zelk_cfloat2 z);
+zelk_cfloat2 __zelk_csinhf2(zelk_cfloat2 z);
+zelk_cfloat2 __zelk_ctanf2(zelk_cfloat2 z);
+zelk_cfloat2 __zelk_ctanhf2(zelk_cfloat2 z);
+zelk_cfloat2 __zelk_cpowf2(zelk_cfloat2 z, zelk_cfloat2 w);
+
+zelk_complex_double cacosh_scalar(zelk_complex_double z);
+zelk_complex_double casin_scalar(zelk_complex_double z);
+zelk_complex_double casinh_scalar(zelk_complex_double z);
+zelk_complex_double catan_scalar(zelk_complex_double z);
+zelk_complex_double catanh_scalar(zelk_complex_double z);
+zelk_complex_double ccos_scalar(zelk_complex_double z);
+zelk_complex_double ccosh_scalar(zelk_complex_double z);
+zelk_complex_double clog10_scalar(zelk_complex_double z);
+zelk_complex_double clog2_scalar(zelk_complex_double z);
+zelk_complex_double csin_scalar(zelk_complex_double z);
+zelk_complex_double csinh_scalar(zelk_complex_double z);
+zelk_complex_double ctan_scalar(zelk_complex_double z);
+zelk_complex_double ctanh_scalar(zelk_complex_double z);
+zelk_complex_double cpow_scalar(zelk_complex_double z, zelk_complex_double w);
+
+zelk_complex_float cacoshf_scalar(zelk_complex_float z);
+zelk_complex_float casinf_scalar(zelk_complex_float z);
+zelk_complex_float casinhf_scalar(zelk_complex_float z);
+zelk_complex_float catanf_scalar(zelk_complex_float z);
+zelk_complex_float catanhf_scalar(zelk_complex_float z);
+zelk_complex_float ccosf_scalar(zelk_complex_float z);
+zelk_complex_float ccoshf_scalar(zelk_complex_float z);
+zelk_complex_float clog10f_scalar(zelk_complex_float z);
+zelk_complex_float clog2f_scalar(zelk_complex_float z);
+zelk_complex_float csinf_scalar(zelk_complex_float z);
+zelk_complex_float csinhf_scalar(zelk_complex_float z);
+zelk_complex_float ctanf_scalar(zelk_complex_float z);
+zelk_complex_float ctanhf_scalar(zelk_complex_float z);
+zelk_complex_float cpowf_scalar(zelk_complex_float z, zelk_complex_float w);
+
+/* Magnitudes and signs. */
+
+/* |x|, exact. A NaN gives the quieted NaN with its sign cleared, a signalling one raises invalid. */
+double fabs_scalar(double x);
+
+/* |x| with the sign of y, exact. A signalling NaN in either place raises invalid; x is quieted. */
+double copysign_scalar(double x, double y);
+
+/* |x| with the sign of y, exact, NaNs included; raises nothing. (On i386 a signalling NaN meets the x87, in whose
+ * register results are returned: it raises invalid and is quieted.) */
+float copysignf_scalar(float x, float y);
+
+ZELK_END_DECLARATIONS
+
+#endif
