@@ -18,6 +18,26 @@ ZELK_BEGIN_DECLARATIONS
 
 /* Square root. */
 
+/* sqrt z on two complex numbers with binary32 parts, z = x + iy: the root with a real part >= 0, its imaginary part with
+ * the sign of y (the cut is the negative real axis, and the sign of a zero y tells its sides).
+ * Error: 0.52 ulp in each part (0.501 in tier A).
+ * Special: infinite y gives (inf, y) whatever x is; -inf gives (+0, +-inf), +inf gives (inf, +-0), with the sign of y;
+ * beside a NaN y they give (NaN, inf) and (inf, NaN); otherwise a NaN gives (NaN, NaN). A signalling NaN raises invalid
+ * unless y is infinite. A denormal part of the result raises underflow, be it exact, in numbers that have a part that
+ * is zero, subnormal or 2^-126, and in tier A in all.
+ * Method: t = sqrt((|z| + |x|)/2) in binary64 from the processor's reciprocal square root estimate, corrected; the other
+ * part is |y|/2t. Tier A, and numbers with a zero, subnormal or special part: csqrtf_scalar. */
+zelk_cfloat2 __zelk_csqrtf2(zelk_cfloat2 z);
+
+/* sqrt z of one complex number with binary32 parts. Error: 0.501 ulp in each part. Special: as __zelk_csqrtf2; a
+ * denormal part of the result always raises underflow. Method: in binary64, square root and division (tier A) or
+ * reciprocal square root (tier L). */
+zelk_complex_float csqrtf_scalar(zelk_complex_float z);
+
+/* sqrt z of one complex number with binary64 parts. Error: 0.501 ulp in each part. Special: as csqrtf_scalar.
+ * Method: in extended precision; needs the x87 precision control at 64 bits, as the platform has it. */
+zelk_complex_double csqrt_scalar(zelk_complex_double z);
+
 /* Arc cosine. */
 
 /* Functions that are not provided. These routines stand for the names: each returns its argument unchanged, bit for
