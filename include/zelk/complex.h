@@ -16,6 +16,18 @@ ZELK_BEGIN_DECLARATIONS
 
 /* Logarithm. */
 
+/* ln z = ln |z| + i arg z on two complex numbers with binary32 parts, z = x + iy, arg z = atan2(y, x) in [-pi, pi].
+ * Error: real part 0.51 ulp, 0.842 for ||z|^2 - 1| < 0.03; imaginary part 2.45 (tier A: 0.501 in each part).
+ * Special: zero z gives -inf and the angle of its signs; an infinite part gives +inf, and the angle or, beside a NaN,
+ * NaN; otherwise a NaN gives (NaN, NaN). Raises nothing but invalid, for a signalling NaN.
+ * Method: ln |z|^2 in binary64 by table, near one by a polynomial in |z|^2 - 1; degree-17 odd polynomial of the smaller
+ * part over the larger in binary32. Tier A, and numbers with an infinite part or a NaN: clogf_scalar. */
+zelk_cfloat2 __zelk_clogf2(zelk_cfloat2 z);
+
+/* ln z of one complex number with binary32 parts. Error: 0.501 ulp in each part. Special: as __zelk_clogf2.
+ * Method: as __zelk_clogf2, all in binary64. */
+zelk_complex_float clogf_scalar(zelk_complex_float z);
+
 /* Square root. */
 
 /* sqrt z on two complex numbers with binary32 parts, z = x + iy: the root with a real part >= 0, its imaginary part with
