@@ -45,50 +45,41 @@ TEST(Csqrt, VectorError)
     // Binades of the exponent halved in integers.
     const auto binades = all_quadrants<float>(sample_patterns(0x1.8p-126f, Limits<float>::max(), 2500, 5),
                                               sample_patterns(0x1.8p-126f, Limits<float>::max(), 2500, 6));
-    for (const Kernel& kernel : entry("csqrtf2").kernels) {
-        expect_errors_within(0.52, 0.52, worst_error(kernel, comparable<float>(2500), mpc_sqrt),
-                             kernel.symbol, "comparable parts");
-        expect_errors_within(0.52, 0.52, worst_error(kernel, binades, mpc_sqrt), kernel.symbol, "any size");
-        expect_errors_within(0.52, 0.52, worst_error(kernel, thresholds(), mpc_sqrt), kernel.symbol,
-                             "thresholds");
-    }
+    const auto& kernels = entry("csqrtf2").kernels;
+    expect_errors_within(0.52, 0.52, worst_errors(kernels, comparable<float>(2500), mpc_sqrt),
+                         "comparable parts");
+    expect_errors_within(0.52, 0.52, worst_errors(kernels, binades, mpc_sqrt), "any size");
+    expect_errors_within(0.52, 0.52, worst_errors(kernels, thresholds(), mpc_sqrt), "thresholds");
 }
 
 TEST(Csqrt, ScalarError)
 {
-    for (const ScalarKernel& kernel : scalar_kernels("csqrtf_scalar")) {
-        expect_errors_within(0.51, 0.51, worst_error(kernel, comparable<float>(1500), mpc_sqrt),
-                             kernel.symbol, "comparable parts");
-        expect_errors_within(0.51, 0.51, worst_error(kernel, any_size<float>(1500), mpc_sqrt), kernel.symbol,
-                             "any size");
-        expect_errors_within(0.51, 0.51, worst_error(kernel, thresholds(), mpc_sqrt), kernel.symbol,
-                             "thresholds");
-    }
-    const ScalarKernel kernel = scalar_kernel("csqrt_scalar");
-    expect_errors_within(0.51, 0.51, worst_error(kernel, comparable<double>(2500), mpc_sqrt), kernel.symbol,
+    const auto single = scalar_kernels("csqrtf_scalar");
+    expect_errors_within(0.51, 0.51, worst_errors(single, comparable<float>(1500), mpc_sqrt),
                          "comparable parts");
-    expect_errors_within(0.51, 0.51, worst_error(kernel, any_size<double>(2500), mpc_sqrt), kernel.symbol,
-                         "any size");
+    expect_errors_within(0.51, 0.51, worst_errors(single, any_size<float>(1500), mpc_sqrt), "any size");
+    expect_errors_within(0.51, 0.51, worst_errors(single, thresholds(), mpc_sqrt), "thresholds");
+    const auto wide = scalar_kernels("csqrt_scalar");
     const auto subnormal = all_quadrants<double>(sample_patterns(0x1p-1074, 0x1p-1020, 500, 7),
                                                  sample_patterns(0x1p-1074, 0x1p-1020, 500, 8));
-    expect_errors_within(0.51, 0.51, worst_error(kernel, subnormal, mpc_sqrt), kernel.symbol,
-                         "subnormal parts");
+    expect_errors_within(0.51, 0.51, worst_errors(wide, comparable<double>(2500), mpc_sqrt),
+                         "comparable parts");
+    expect_errors_within(0.51, 0.51, worst_errors(wide, any_size<double>(2500), mpc_sqrt), "any size");
+    expect_errors_within(0.51, 0.51, worst_errors(wide, subnormal, mpc_sqrt), "subnormal parts");
 }
 
 TEST(Csqrt, DirectedRounding)
 {
+    const auto single = comparable<float>(500);
+    const auto wide = comparable<double>(500);
     for (const Rounding rounding : {Rounding::down, Rounding::up, Rounding::zero}) {
         const std::string mode = "rounding " + std::to_string(static_cast<unsigned>(rounding));
-        const auto floats_ = comparable<float>(500);
-        for (const Kernel& kernel : entry("csqrtf2").kernels)
-            expect_errors_within(1.03, 1.03, worst_error(kernel, floats_, mpc_sqrt, rounding), kernel.symbol,
-                                 mode);
-        for (const ScalarKernel& kernel : scalar_kernels("csqrtf_scalar"))
-            expect_errors_within(1.01, 1.01, worst_error(kernel, floats_, mpc_sqrt, {rounding}),
-                                 kernel.symbol, mode);
-        const ScalarKernel kernel = scalar_kernel("csqrt_scalar");
-        expect_errors_within(1.01, 1.01, worst_error(kernel, comparable<double>(500), mpc_sqrt, {rounding}),
-                             kernel.symbol, mode);
+        expect_errors_within(1.03, 1.03, worst_errors(entry("csqrtf2").kernels, single, mpc_sqrt, rounding),
+                             mode);
+        expect_errors_within(1.01, 1.01,
+                             worst_errors(scalar_kernels("csqrtf_scalar"), single, mpc_sqrt, rounding), mode);
+        expect_errors_within(1.01, 1.01,
+                             worst_errors(scalar_kernels("csqrt_scalar"), wide, mpc_sqrt, rounding), mode);
     }
 }
 

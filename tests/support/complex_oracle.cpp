@@ -20,36 +20,14 @@ public:
     mpc_t value;
 };
 
-// Compares results with the exact ones and remembers the worst parts.
-class Judge {
-public:
-    explicit Judge(ComplexFunction exact) : exact_(exact) {}
-
-    template <class T>
-    void add(const std::complex<T>& z, const std::complex<T>& got)
-    {
-        mpc_set_d_d(argument_.value, static_cast<double>(z.real()), static_cast<double>(z.imag()), MPC_RNDNN);
-        exact_(value_.value, argument_.value, MPC_RNDNN);
-        note(worst.re, z, got.real(), mpc_realref(value_.value));
-        note(worst.im, z, got.imag(), mpc_imagref(value_.value));
-    }
-
-    WorstComplex worst;
-
-private:
-    template <class T>
-    static void note(WorstPart& part, const std::complex<T>& z, T got, mpfr_srcptr exact)
-    {
-        const double error = ulp_error(got, exact);
-        if (error > part.ulp)
-            part = {error, static_cast<double>(z.real()), static_cast<double>(z.imag()),
-                    static_cast<double>(got)};
-    }
-
-    ComplexFunction exact_;
-    ExactComplex argument_;
-    ExactComplex value_;
-};
+template <class T>
+void note(WorstPart& part, const std::complex<T>& z, T got, mpfr_srcptr exact)
+{
+    const double error = ulp_error(got, exact);
+    if (error > part.ulp)
+        part = {error, static_cast<double>(z.real()), static_cast<double>(z.imag()),
+                static_cast<double>(got)};
+}
 
 std::complex<double> result_of(const ScalarResult& result, double)
 {
@@ -62,13 +40,43 @@ std::complex<float> result_of(const ScalarResult& result, float)
 }
 
 template <class T>
-WorstComplex search(const ScalarKernel& kernel, std::span<const std::complex<T>> arguments,
-                    ComplexFunction exact, const Environment& environment)
+std::complex<T> evaluate(const ScalarKernel& kernel, const std::complex<T>& z, Rounding rounding, std::size_t)
 {
-    Judge judge(exact);
-    for (const auto& z : arguments)
-        judge.add(z, result_of(call_scalar(kernel, complex_bits(z.real(), z.imag()), {}, environment), T{}));
-    return judge.worst;
+    return result_of(call_scalar(kernel, complex_bits(z.real(), z.imag()), {}, {rounding}), T{});
+}
+// In the lanes in turn, beside another number: they do not influence each other.
+std::complex<float> evaluate(const Kernel& kernel, const std::complex<float>& z, Rounding rounding,
+                             std::size_t turn)
+{
+    Vec128 v = floats(z.imag(), z.real(), z.imag(), z.real());
+    const std::size_t re = 2 * (turn % 2);
+    v.f[re] = z.real();
+    v.f[re + 1] = z.imag();
+    const Result result = call(kernel.address, v, {}, {}, nullptr, rounding);
+    return {result.first.f[re], result.first.f[re + 1]};
+}
+
+template <class AnyKernel, class T>
+std::vector<WorstComplex> search(std::span<const AnyKernel> kernels,
+                                 std::span<const std::complex<T>> arguments, ComplexFunction exact,
+                                 Rounding rounding)
+{
+    std::vector<WorstComplex> worst;
+    for (const AnyKernel& kernel : kernels)
+        worst.push_back({kernel.symbol, {}, {}});
+    ExactComplex argument;
+    ExactComplex value;
+    for (std::size_t turn = 0; turn < arguments.size(); ++turn) {
+        const auto& z = arguments[turn];
+        mpc_set_d_d(argument.value, static_cast<double>(z.real()), static_cast<double>(z.imag()), MPC_RNDNN);
+        exact(value.value, argument.value, MPC_RNDNN);
+        for (std::size_t i = 0; i < kernels.size(); ++i) {
+            const std::complex<T> got = evaluate(kernels[i], z, rounding, turn);
+            note(worst[i].re, z, got.real(), mpc_realref(value.value));
+            note(worst[i].im, z, got.imag(), mpc_imagref(value.value));
+        }
+    }
+    return worst;
 }
 
 std::string text(const WorstPart& part)
@@ -80,39 +88,34 @@ std::string text(const WorstPart& part)
 
 } // namespace
 
-WorstComplex worst_error(const Kernel& kernel, std::span<const std::complex<float>> arguments,
-                         ComplexFunction exact, Rounding rounding)
+std::vector<WorstComplex> worst_errors(std::span<const Kernel> kernels,
+                                       std::span<const std::complex<float>> arguments, ComplexFunction exact,
+                                       Rounding rounding)
 {
-    Judge judge(exact);
-    for (std::size_t i = 0; i < arguments.size(); i += 2) {
-        const auto& a = arguments[i];
-        const auto& b = arguments[std::min(i + 1, arguments.size() - 1)];
-        const Result result =
-            call(kernel.address, floats(a.real(), a.imag(), b.real(), b.imag()), {}, {}, nullptr, rounding);
-        judge.add(a, {result.first.f[0], result.first.f[1]});
-        judge.add(b, {result.first.f[2], result.first.f[3]});
+    return search(kernels, arguments, exact, rounding);
+}
+std::vector<WorstComplex> worst_errors(std::span<const ScalarKernel> kernels,
+                                       std::span<const std::complex<float>> arguments, ComplexFunction exact,
+                                       Rounding rounding)
+{
+    return search(kernels, arguments, exact, rounding);
+}
+std::vector<WorstComplex> worst_errors(std::span<const ScalarKernel> kernels,
+                                       std::span<const std::complex<double>> arguments, ComplexFunction exact,
+                                       Rounding rounding)
+{
+    return search(kernels, arguments, exact, rounding);
+}
+
+void expect_errors_within(double bound_re, double bound_im, std::span<const WorstComplex> worst,
+                          const std::string& path)
+{
+    for (const auto& [symbol, re, im] : worst) {
+        std::printf("[ MEASURED ] %s, %s: re %s, im %s\n", symbol.c_str(), path.c_str(), text(re).c_str(),
+                    text(im).c_str());
+        EXPECT_LE(re.ulp, bound_re) << symbol << ", " << path << ", real part: " << text(re);
+        EXPECT_LE(im.ulp, bound_im) << symbol << ", " << path << ", imaginary part: " << text(im);
     }
-    return judge.worst;
-}
-
-WorstComplex worst_error(const ScalarKernel& kernel, std::span<const std::complex<float>> arguments,
-                         ComplexFunction exact, const Environment& environment)
-{
-    return search(kernel, arguments, exact, environment);
-}
-WorstComplex worst_error(const ScalarKernel& kernel, std::span<const std::complex<double>> arguments,
-                         ComplexFunction exact, const Environment& environment)
-{
-    return search(kernel, arguments, exact, environment);
-}
-
-void expect_errors_within(double bound_re, double bound_im, const WorstComplex& worst,
-                          const std::string& kernel, const std::string& path)
-{
-    std::printf("[ MEASURED ] %s, %s: re %s, im %s\n", kernel.c_str(), path.c_str(), text(worst.re).c_str(),
-                text(worst.im).c_str());
-    EXPECT_LE(worst.re.ulp, bound_re) << kernel << ", " << path << ", real part: " << text(worst.re);
-    EXPECT_LE(worst.im.ulp, bound_im) << kernel << ", " << path << ", imaginary part: " << text(worst.im);
 }
 
 namespace {

@@ -26,18 +26,23 @@ struct WorstPart {
     double got = 0;
 };
 struct WorstComplex {
+    std::string symbol;
     WorstPart re;
     WorstPart im;
 };
-WorstComplex worst_error(const Kernel& kernel, std::span<const std::complex<float>> arguments,
-                         ComplexFunction exact, Rounding rounding = Rounding::nearest);
-WorstComplex worst_error(const ScalarKernel& kernel, std::span<const std::complex<float>> arguments,
-                         ComplexFunction exact, const Environment& environment = {});
-WorstComplex worst_error(const ScalarKernel& kernel, std::span<const std::complex<double>> arguments,
-                         ComplexFunction exact, const Environment& environment = {});
+// One for each kernel; the exact values are computed once for all of them.
+std::vector<WorstComplex> worst_errors(std::span<const Kernel> kernels,
+                                       std::span<const std::complex<float>> arguments, ComplexFunction exact,
+                                       Rounding rounding = Rounding::nearest);
+std::vector<WorstComplex> worst_errors(std::span<const ScalarKernel> kernels,
+                                       std::span<const std::complex<float>> arguments, ComplexFunction exact,
+                                       Rounding rounding = Rounding::nearest);
+std::vector<WorstComplex> worst_errors(std::span<const ScalarKernel> kernels,
+                                       std::span<const std::complex<double>> arguments, ComplexFunction exact,
+                                       Rounding rounding = Rounding::nearest);
 // Fails if an error is above its bound; prints what was measured in any case.
-void expect_errors_within(double bound_re, double bound_im, const WorstComplex& worst,
-                          const std::string& kernel, const std::string& path);
+void expect_errors_within(double bound_re, double bound_im, std::span<const WorstComplex> worst,
+                          const std::string& path);
 
 // Numbers with the given real and imaginary parts, each sign of both; the longer list decides the count.
 template <class T>
