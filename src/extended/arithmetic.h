@@ -7,6 +7,8 @@
 
 #include "lanes/lanes.h"
 
+#include <cstddef>
+
 namespace zelk::ZELK_TIER {
 
 // The words of a number: the significand with its integer bit, sign and biased exponent.
@@ -14,19 +16,39 @@ struct Words {
     std::uint64_t significand;
     std::uint16_t sign_exponent;
 
-    int biased_exponent() const { return sign_exponent & 0x7FFF; }
-    bool negative() const { return sign_exponent >> 15 != 0; }
+    [[gnu::always_inline]] int biased_exponent() const { return sign_exponent & 0x7FFF; }
+    [[gnu::always_inline]] bool negative() const { return sign_exponent >> 15 != 0; }
     // Zero and denormals (pseudo-denormals too, which have the integer bit).
-    bool below_normal() const { return biased_exponent() == 0; }
+    [[gnu::always_inline]] bool below_normal() const { return biased_exponent() == 0; }
     // Infinities, NaNs and everything without an integer bit that should have one: no finite number.
-    bool not_finite() const
+    [[gnu::always_inline]] bool not_finite() const
     {
         return biased_exponent() == 0x7FFF || (biased_exponent() != 0 && significand >> 63 == 0);
     }
-    bool infinite() const { return biased_exponent() == 0x7FFF && significand == std::uint64_t{1} << 63; }
-    bool zero() const { return biased_exponent() == 0 && significand == 0; }
+    [[gnu::always_inline]] bool infinite() const
+    {
+        return biased_exponent() == 0x7FFF && significand == std::uint64_t{1} << 63;
+    }
+    [[gnu::always_inline]] bool quiet_nan() const
+    {
+        return biased_exponent() == 0x7FFF && significand >> 62 == 3;
+    }
+    // Signalling NaNs and unsupported encodings.
+    [[gnu::always_inline]] bool invalid_operand() const
+    {
+        return not_finite() && !infinite() && !quiet_nan();
+    }
+    [[gnu::always_inline]] bool zero() const { return biased_exponent() == 0 && significand == 0; }
 };
 inline constexpr int exponent_bias = 16383;
+
+// 2^from <= |x| < 2^to, and x has its integer bit: the numbers that a routine takes on its main path.
+ZELK_INLINE bool in_binades(Words x, int from, int to)
+{
+    return static_cast<unsigned>(x.biased_exponent() - (exponent_bias + from)) <
+               static_cast<unsigned>(to - from) &&
+           x.significand >> 63 != 0;
+}
 
 union WordsOrNumber {
     long double number;
@@ -88,6 +110,15 @@ ZELK_INLINE long double underflowed(bool negative)
     const long double tiny = opaque(0x1p-16382L);
     return negative ? -tiny * tiny : tiny * tiny;
 }
+// x, inexact and in the directed modes as if a little were added to (taken from) |x|.
+ZELK_INLINE long double and_a_little(long double x)
+{
+    return x + x * 0x1p-70L;
+}
+ZELK_INLINE long double but_a_little(long double x)
+{
+    return x - x * 0x1p-70L;
+}
 // NaN with invalid; the pole with divide-by-zero.
 ZELK_INLINE long double invalid()
 {
@@ -98,6 +129,16 @@ ZELK_INLINE long double pole(bool negative)
 {
     const long double zero = opaque(0.0L);
     return negative ? -1.0L / zero : 1.0L / zero;
+}
+
+// c[0] + c[1] z + c[2] z^2 + ... by Horner's rule.
+template <std::size_t n, std::size_t i = 0>
+ZELK_INLINE long double polynomial(const long double (&c)[n], long double z)
+{
+    if constexpr (i + 1 == n)
+        return c[i];
+    else
+        return c[i] + z * polynomial<n, i + 1>(c, z);
 }
 
 // hi + lo, |lo| at most half an ulp of hi or a little above it.
@@ -170,6 +211,10 @@ ZELK_INLINE Pair square_root(Pair a)
     const long double root = square_root(a.hi);
     const Pair square = two_product(root, root);
     return fast_two_sum(root, (((a.hi - square.hi) - square.lo) + a.lo) / (root + root));
+}
+ZELK_INLINE Pair with_sign(bool negative, Pair a)
+{
+    return negative ? Pair{-a.hi, -a.lo} : a;
 }
 ZELK_INLINE long double rounded(Pair a)
 {
