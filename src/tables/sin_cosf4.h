@@ -5,7 +5,7 @@
 
 namespace zelk::tables {
 
-struct Sincosf4 {
+struct SinCosf4 {
     int4 MMIABSMASK; // clears the sign
     int4 MMIHUGE;    // 10000, the bound of the binary32 path
     int4 flTwoPow30; // 2^30, the bound of the binary64 reduction
@@ -31,7 +31,7 @@ struct Sincosf4 {
     int4 dbiOne;
     int4 MSK_LOW_BIT; // clears bit 0
 };
-ZELK_TABLE Sincosf4 sincosf4;
+ZELK_TABLE SinCosf4 sin_cosf4;
 
 // Tables of the scalar routines, for theta = j pi/128 and phi = f pi/128:
 // f(theta + phi) = a_j f (C1 - f^2) + b_j (C2 - f^2), signs by quadrant.

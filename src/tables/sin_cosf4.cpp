@@ -1,8 +1,8 @@
-#include "tables/sincosf4.h"
+#include "tables/sin_cosf4.h"
 
 namespace zelk::tables {
 
-const Sincosf4 sincosf4 = {
+const SinCosf4 sin_cosf4 = {
     .MMIABSMASK = mask32(0x7FFFFFFF),
     .MMIHUGE = mask32(0x461C4000),
     .flTwoPow30 = mask32(0x4E800000),
@@ -36,7 +36,7 @@ const SpecTablef __spec_table_sinf = {
         },
     .reduction =
         {
-#include "tables/sincosf4_reduction.inc"
+#include "tables/sin_cosf4_reduction.inc"
         },
 };
 
@@ -47,7 +47,7 @@ const SpecTablef __spec_table_cosf = {
         },
     .reduction =
         {
-#include "tables/sincosf4_reduction.inc"
+#include "tables/sin_cosf4_reduction.inc"
         },
 };
 

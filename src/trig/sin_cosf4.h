@@ -2,7 +2,7 @@
 #pragma once
 
 #include "lanes/lanes.h"
-#include "tables/sincosf4.h"
+#include "tables/sin_cosf4.h"
 
 namespace zelk::ZELK_TIER {
 
@@ -13,21 +13,21 @@ struct Reducedf4 {
     int4 sign;
 };
 
-ZELK_INLINE int4 beyond_bound(float4 x, const tables::Sincosf4& k)
+ZELK_INLINE int4 beyond_bound(float4 x, const tables::SinCosf4& k)
 {
     return (as_int4(x) & k.MMIABSMASK) > k.MMIHUGE;
 }
 
 // r = y - nf pi. |nf| < 2^12 and the first three parts of pi have at most 12 significant bits, so that their
 // products are exact; the square leaves the last part out.
-ZELK_INLINE Reducedf4 subtract_multiple_of_pi(float4 y, float4 nf, int4 n, const tables::Sincosf4& k)
+ZELK_INLINE Reducedf4 subtract_multiple_of_pi(float4 y, float4 nf, int4 n, const tables::SinCosf4& k)
 {
     const float4 r3 = ((y - nf * k.MMSPI1) - nf * k.MMSPI2) - nf * k.MMSPI3;
     return {r3 - nf * k.MMSPI4, r3 * r3, n << 31};
 }
 
 // (-1)^n (r + r p(r^2)), |r| <= pi/2.
-ZELK_INLINE float4 sine_polynomial(const Reducedf4& reduced, const tables::Sincosf4& k)
+ZELK_INLINE float4 sine_polynomial(const Reducedf4& reduced, const tables::SinCosf4& k)
 {
     const float4 z = reduced.z;
     const float4 p = (((k.MMSA9 * z + k.MMSA7) * z + k.MMSA5) * z + k.MMSA3) * z;
@@ -35,7 +35,7 @@ ZELK_INLINE float4 sine_polynomial(const Reducedf4& reduced, const tables::Sinco
 }
 
 // x - kd pi/2 in binary64, with the rounding errors of the leading differences carried along.
-ZELK_INLINE double2 subtract_multiple_of_half_pi(double2 x, double2 kd, const tables::Sincosf4& k)
+ZELK_INLINE double2 subtract_multiple_of_half_pi(double2 x, double2 kd, const tables::SinCosf4& k)
 {
     const double2 P0 = k.PI02C_0 * kd;
     const double2 P1 = k.PI02C_1 * kd;
@@ -55,14 +55,14 @@ ZELK_INLINE double2 subtract_multiple_of_half_pi(double2 x, double2 kd, const ta
     return ((e_rest + e3) - P4) + d;
 }
 
-ZELK_INLINE int4 trunc_quotient_by_half_pi(double2 low, double2 high, const tables::Sincosf4& k)
+ZELK_INLINE int4 trunc_quotient_by_half_pi(double2 low, double2 high, const tables::SinCosf4& k)
 {
     return join_low(trunc_to_int(low * k.dbInvPio2), trunc_to_int(high * k.dbInvPio2));
 }
 
 // r = |x| - quadrant pi/2 for 0 <= quadrant < 2^31 and |x| <= 2^30, rounded to binary32 once.
 ZELK_INLINE Reducedf4 reduce_in_binary64(double2 low, double2 high, int4 quadrant, int4 sign,
-                                         const tables::Sincosf4& k)
+                                         const tables::SinCosf4& k)
 {
     const double2 kd_low = as_double2(zero_extend_low(quadrant) | as_long2(k.dbRS)) - k.dbRS;
     const double2 kd_high = as_double2(zero_extend_high(quadrant) | as_long2(k.dbRS)) - k.dbRS;
