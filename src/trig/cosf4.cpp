@@ -31,7 +31,7 @@ ZELK_INLINE Reducedf4 reduce_medium(float4 x, const SinCosf4& k)
 {
     if ((__builtin_bit_cast(std::uint32_t, x) & 0x7F800000) == 0x7F800000) return x - x;
     const auto& table = tables::__spec_table_cosf;
-    const GridPoint point = reduce_to_grid(x, table);
+    const GridPoint point = reduce_to_grid(x, table.reduction);
     const std::uint32_t quadrant = (point.n >> 6) & 3;
     return evaluate_on_grid(grid_entry(point.n, table), point.f, quadrant >= 2,
                             quadrant == 1 || quadrant == 2);

@@ -20,7 +20,7 @@ namespace zelk::test {
 
 class Exact {
 public:
-    Exact() { mpfr_init2(value, 220); }
+    explicit Exact(mpfr_prec_t precision = 220) { mpfr_init2(value, precision); }
     ~Exact() { mpfr_clear(value); }
     Exact(const Exact&) = delete;
     Exact& operator=(const Exact&) = delete;
