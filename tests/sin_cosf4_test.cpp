@@ -24,12 +24,13 @@ TEST(SinCosf4, ErrorByPath)
         double bound_sin;
         double bound_cos;
     } paths[] = {
+        // bounds: the largest errors over all arguments, rounded up
         {"tiny", sample_patterns(0x1p-149f, 0x1p-20f, 10000), 0.51, 1.01},
         {"binary32",
          joined(sample_patterns(0x1p-20f, 10000.0f, 20000), sample_interval(0x1p-20f, 10000.0f, 20000)), 2.3,
          2.4},
-        {"binary64", sample_patterns(above_10000, 0x1p30f, 20000), 1.95, 1.95},
-        {"scalar", sample_patterns(above_2_30, largest, 20000), 0.53, 0.53},
+        {"binary64", sample_patterns(above_10000, 0x1p30f, 20000), 2.14, 2.14},
+        {"scalar", sample_patterns(above_2_30, largest, 20000), 0.55, 0.55},
     };
     for (const auto& path : paths) {
         const auto arguments = with_negatives(path.arguments);
@@ -49,10 +50,10 @@ TEST(SinCosf4, ScalarRoutineBelow2To15)
     for (std::size_t i = 0; i < arguments.size(); i += 4)
         arguments[i] = 0x1p31f;
     for (const auto& kernel : entry("sinf4").kernels)
-        expect_error_within(0.53, worst_error(kernel.address, arguments, mpfr_unary(mpfr_sin)), kernel.symbol,
+        expect_error_within(0.55, worst_error(kernel.address, arguments, mpfr_unary(mpfr_sin)), kernel.symbol,
                             "scalar, beside a huge lane");
     for (const auto& kernel : entry("cosf4").kernels)
-        expect_error_within(0.53, worst_error(kernel.address, arguments, mpfr_unary(mpfr_cos)), kernel.symbol,
+        expect_error_within(0.55, worst_error(kernel.address, arguments, mpfr_unary(mpfr_cos)), kernel.symbol,
                             "scalar, beside a huge lane");
 }
 

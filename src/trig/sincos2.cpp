@@ -20,7 +20,7 @@ struct PairReduced2 {
     long2 sign;
 };
 
-struct Pair2 {
+struct SineCosine2 {
     double2 sine;
     double2 cosine;
 };
@@ -41,7 +41,7 @@ ZELK_INLINE PairReduced2 reduce_fast(double2 x, const Sincos2& k)
 }
 
 // quadrant 0: sin x = sin r, cos x = cos r; 1: cos r, -sin r; 2: -sin r, -cos r; 3: -cos r, sin r.
-ZELK_INLINE Pair2 evaluate(const PairReduced2& reduced, const Sincos2& k)
+ZELK_INLINE SineCosine2 evaluate(const PairReduced2& reduced, const Sincos2& k)
 {
     const double2 r = reduced.r;
     const double2 z = reduced.z;
@@ -62,7 +62,7 @@ ZELK_INLINE Pair2 evaluate(const PairReduced2& reduced, const Sincos2& k)
 }
 
 // Lanes of `beyond` lie beyond the fast path's bound, or are infinite or NaN.
-ZELK_INLINE Pair2 lanes_through_reduction(double2 x, int4 beyond, const Sincos2& k)
+ZELK_INLINE SineCosine2 lanes_through_reduction(double2 x, int4 beyond, const Sincos2& k)
 {
     const double2 magnitude = as_double2(as_long2(x) & k.MMIABSMASK);
     const unsigned lanes = lane_mask(as_long2(beyond));
@@ -87,13 +87,13 @@ ZELK_INLINE Pair2 lanes_through_reduction(double2 x, int4 beyond, const Sincos2&
 
 [[gnu::noinline, gnu::cold]] static double2 spec_sincos2(double2 x, int4 beyond)
 {
-    const Pair2 result = lanes_through_reduction(x, beyond, tables::sincos2);
+    const SineCosine2 result = lanes_through_reduction(x, beyond, tables::sincos2);
     return both(result.sine, result.cosine);
 }
 
 [[gnu::noinline, gnu::cold]] static double2 spec_ropdSinCos2(double2 x, int4 beyond, double2* cosine)
 {
-    const Pair2 result = lanes_through_reduction(x, beyond, tables::sincos2);
+    const SineCosine2 result = lanes_through_reduction(x, beyond, tables::sincos2);
     *cosine = result.cosine;
     return both(result.sine, result.cosine);
 }
@@ -104,7 +104,7 @@ double2 sincos2(double2 x)
     const int4 beyond = beyond_fast_path(x, k);
     if (lane_mask(as_long2(beyond)) != 0) [[unlikely]]
         return spec_sincos2(x, beyond); // leaves both results in their registers
-    const Pair2 result = evaluate(reduce_fast(x, k), k);
+    const SineCosine2 result = evaluate(reduce_fast(x, k), k);
     return both(result.sine, result.cosine);
 }
 
@@ -114,7 +114,7 @@ double2 ropdSinCos2(double2 x, double2* cosine)
     const int4 beyond = beyond_fast_path(x, k);
     if (lane_mask(as_long2(beyond)) != 0) [[unlikely]]
         return spec_ropdSinCos2(x, beyond, cosine);
-    const Pair2 result = evaluate(reduce_fast(x, k), k);
+    const SineCosine2 result = evaluate(reduce_fast(x, k), k);
     *cosine = result.cosine;
     return both(result.sine, result.cosine);
 }

@@ -25,7 +25,7 @@ struct PairReducedf4 {
     int4 sign;
 };
 
-struct Pairf4 {
+struct SineCosinef4 {
     float4 sine;
     float4 cosine;
 };
@@ -50,7 +50,7 @@ ZELK_INLINE PairReducedf4 reduce_fast(float4 x, const Sincosf4& k)
 }
 
 // quadrant 0: sin x = sin r, cos x = cos r; 1: cos r, -sin r; 2: -sin r, -cos r; 3: -cos r, sin r.
-ZELK_INLINE Pairf4 evaluate(const PairReducedf4& reduced, const Sincosf4& k)
+ZELK_INLINE SineCosinef4 evaluate(const PairReducedf4& reduced, const Sincosf4& k)
 {
     const float4 r = reduced.r;
     const float4 z = reduced.z;
@@ -85,14 +85,14 @@ ZELK_INLINE PairReducedf4 reduce_ordinary(float4 x, int4 beyond, const Sincosf4&
     return reduce_fast(as_float4(as_int4(x) & ~beyond), k);
 }
 
-ZELK_INLINE Pairf4 every_lane_through_reduction(float4 x, const Sincosf4& k)
+ZELK_INLINE SineCosinef4 every_lane_through_reduction(float4 x, const Sincosf4& k)
 {
     const int4 all = ~int4{};
     const QuadrantReducedf4 reduced = reduce_every_lane(magnitude_of(x, k));
     return evaluate(merge(x, all, reduced, reduced.r, k), k);
 }
 
-ZELK_INLINE Pairf4 lanes_through_reduction(float4 x, int4 beyond, const Sincosf4& k)
+ZELK_INLINE SineCosinef4 lanes_through_reduction(float4 x, int4 beyond, const Sincosf4& k)
 {
     const unsigned lanes = lane_mask(beyond);
     if (lanes == all_lanes4 && huge_lanes(x, k) == 0) {
@@ -126,9 +126,9 @@ ZELK_INLINE Pairf4 lanes_through_reduction(float4 x, int4 beyond, const Sincosf4
     return static_cast<float>(s * Pb + cj * u * Pa);
 }
 
-ZELK_INLINE Pairf4 lanes_through_table(float4 x, int4 beyond, const Sincosf4& k)
+ZELK_INLINE SineCosinef4 lanes_through_table(float4 x, int4 beyond, const Sincosf4& k)
 {
-    Pairf4 result = evaluate(reduce_ordinary(x, beyond, k), k);
+    SineCosinef4 result = evaluate(reduce_ordinary(x, beyond, k), k);
     unsigned lanes = lane_mask(beyond);
     for (int lane = 0; lanes != 0; ++lane, lanes >>= 1) {
         if (!(lanes & 1)) continue;
@@ -139,7 +139,7 @@ ZELK_INLINE Pairf4 lanes_through_table(float4 x, int4 beyond, const Sincosf4& k)
     return result;
 }
 
-ZELK_INLINE Pairf4 lanes_in_binary64(float4 x, int4 beyond, const Sincosf4& k)
+ZELK_INLINE SineCosinef4 lanes_in_binary64(float4 x, int4 beyond, const Sincosf4& k)
 {
     const PairReducedf4 ordinary = reduce_ordinary(x, beyond, k);
     const QuadrantReducedf4 medium = reduce_medium(magnitude_of(x, k));
@@ -153,7 +153,7 @@ ZELK_INLINE Pairf4 lanes_in_binary64(float4 x, int4 beyond, const Sincosf4& k)
 [[gnu::noinline, gnu::cold]] static float4 spec_ssincos4(float4 x, int4 beyond)
 {
     const auto& k = tables::sincosf4;
-    Pairf4 result;
+    SineCosinef4 result;
     if constexpr (tier == Tier::A)
         result = every_lane_through_reduction(x, k);
     else if (huge_lanes(x, k) == 0)
@@ -166,7 +166,7 @@ ZELK_INLINE Pairf4 lanes_in_binary64(float4 x, int4 beyond, const Sincosf4& k)
 [[gnu::noinline, gnu::cold]] static float4 spec_ropsSinCos4(float4 x, int4 beyond, float4* cosine)
 {
     const auto& k = tables::sincosf4;
-    const Pairf4 result =
+    const SineCosinef4 result =
         tier == Tier::A ? every_lane_through_reduction(x, k) : lanes_through_reduction(x, beyond, k);
     *cosine = result.cosine;
     return both(result.sine, result.cosine);
@@ -178,7 +178,7 @@ float4 sincosf4(float4 x)
     const int4 beyond = beyond_fast_path(x, k);
     if (lane_mask(beyond) != 0) [[unlikely]]
         return spec_ssincos4(x, beyond); // leaves both results in their registers
-    const Pairf4 result = evaluate(reduce_fast(x, k), k);
+    const SineCosinef4 result = evaluate(reduce_fast(x, k), k);
     return both(result.sine, result.cosine);
 }
 
@@ -188,7 +188,7 @@ float4 ropsSinCos4(float4 x, float4* cosine)
     const int4 beyond = beyond_fast_path(x, k);
     if (lane_mask(beyond) != 0) [[unlikely]]
         return spec_ropsSinCos4(x, beyond, cosine);
-    const Pairf4 result = evaluate(reduce_fast(x, k), k);
+    const SineCosinef4 result = evaluate(reduce_fast(x, k), k);
     *cosine = result.cosine;
     return both(result.sine, result.cosine);
 }

@@ -87,6 +87,7 @@ std::vector<Entry> make_entries()
                     {row.a, row.b},
                     std::string_view(row.alias) == "none" ? "" : row.alias,
                     exported(row.symbol),
+                    row.symbol + std::string(row.results == Results::pointer ? "Mask" : "_mask"),
                     {}};
         for (const char tier : built) {
             const std::string symbol = entry.symbol + '.' + tier;
@@ -149,6 +150,11 @@ std::vector<std::string> listed_exports()
     std::vector<std::string> names;
     for (const Entry& entry : entries()) {
         names.push_back(entry.symbol);
+        names.push_back(entry.masked);
+        if (!entry.alias.empty()) {
+            names.push_back(entry.alias);
+            names.push_back(entry.alias + "Mask");
+        }
         for (const Kernel& kernel : entry.kernels)
             names.push_back(kernel.symbol);
     }

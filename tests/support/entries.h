@@ -29,6 +29,7 @@ struct Entry {
     double substitute[2];
     std::string alias; // empty: none
     const void* address;
+    std::string masked; // name of the masked entry
     std::vector<Kernel> kernels; // all of this target
 };
 
