@@ -45,8 +45,16 @@ struct Signature<Lanes, 2, true> {
 #define ZELK_SIGNATURE_d_dd double(double, double)
 #define ZELK_SIGNATURE_f_f float(float)
 #define ZELK_SIGNATURE_l_l long double(long double)
+#define ZELK_SIGNATURE_l_ll long double(long double, long double)
+#define ZELK_SIGNATURE_v_lLL void(long double, long double*, long double*)
+#define ZELK_SIGNATURE_v_LLl void(long double*, long double*, long double)
+#define ZELK_SIGNATURE_i_lD int(long double, double*)
 #define ZELK_SCALAR(kernel, signature, ...)                                                                  \
     static_assert(std::is_same_v<decltype(kernel), ZELK_SIGNATURE_##signature>);
+
+#define ZELK_DATA(name, type, entries, values)                                                               \
+    static_assert(std::is_same_v<std::remove_all_extents_t<decltype(name)>, const type>);                    \
+    static_assert(sizeof name == sizeof(type) * entries * values);
 
 #pragma GCC diagnostic ignored "-Wignored-attributes"
 #include "dispatch/entries.def"

@@ -6,6 +6,7 @@
 #define ZELK_ZELK_H
 
 #include "zelk/explog.h"
+#include "zelk/extended.h"
 #include "zelk/hyperbolic.h"
 #include "zelk/invtrig.h"
 #include "zelk/roots_erf.h"

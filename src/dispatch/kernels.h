@@ -26,10 +26,18 @@ namespace zelk::ZELK_TIER {
 #define ZELK_RESULT_d_dd double
 #define ZELK_RESULT_f_f float
 #define ZELK_RESULT_l_l long double
+#define ZELK_RESULT_l_ll long double
+#define ZELK_RESULT_v_lLL void
+#define ZELK_RESULT_v_LLl void
+#define ZELK_RESULT_i_lD int
 #define ZELK_ARGUMENTS_d_d double
 #define ZELK_ARGUMENTS_d_dd double, double
 #define ZELK_ARGUMENTS_f_f float
 #define ZELK_ARGUMENTS_l_l long double
+#define ZELK_ARGUMENTS_l_ll long double, long double
+#define ZELK_ARGUMENTS_v_lLL long double, long double*, long double*
+#define ZELK_ARGUMENTS_v_LLl long double*, long double*, long double
+#define ZELK_ARGUMENTS_i_lD long double, double*
 #define ZELK_SYMBOL_plain(kernel) #kernel
 #define ZELK_SYMBOL_LA(kernel) #kernel "." ZELK_TIER_NAME
 #define ZELK_SYMBOL_JA(kernel) #kernel "." ZELK_TIER_NAME

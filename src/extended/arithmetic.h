@@ -1,0 +1,179 @@
+// What the 80-bit routines are made of: the words of the format, integers and powers of two, and pairs of
+// numbers that carry 128 significant bits.
+//
+// The x87 control word is the caller's. The exactness claims hold for 64-bit significands in round to
+// nearest; with fewer bits or in the directed modes a pair loses precision, never more.
+#pragma once
+
+#include "lanes/lanes.h"
+
+namespace zelk::ZELK_TIER {
+
+// The words of a number: the significand with its integer bit, sign and biased exponent.
+struct Words {
+    std::uint64_t significand;
+    std::uint16_t sign_exponent;
+
+    int biased_exponent() const { return sign_exponent & 0x7FFF; }
+    bool negative() const { return sign_exponent >> 15 != 0; }
+    // Zero and denormals (pseudo-denormals too, which have the integer bit).
+    bool below_normal() const { return biased_exponent() == 0; }
+    // Infinities, NaNs and everything without an integer bit that should have one: no finite number.
+    bool not_finite() const
+    {
+        return biased_exponent() == 0x7FFF || (biased_exponent() != 0 && significand >> 63 == 0);
+    }
+    bool infinite() const { return biased_exponent() == 0x7FFF && significand == std::uint64_t{1} << 63; }
+    bool zero() const { return biased_exponent() == 0 && significand == 0; }
+};
+inline constexpr int exponent_bias = 16383;
+
+union WordsOrNumber {
+    long double number;
+    Words words;
+};
+
+ZELK_INLINE Words words_of(long double x)
+{
+    WordsOrNumber both;
+    both.number = x;
+    return both.words;
+}
+ZELK_INLINE long double number_of(std::uint64_t significand, int sign_exponent)
+{
+    WordsOrNumber both;
+    both.words = {significand, static_cast<std::uint16_t>(sign_exponent)};
+    return both.number;
+}
+
+// 2^n, -16382 <= n <= 16383.
+ZELK_INLINE long double power_of_two(int n)
+{
+    return number_of(std::uint64_t{1} << 63, n + exponent_bias);
+}
+
+// The nearest integer in the current rounding mode, |x| < 2^31. (A conversion in C++ would change the control
+// word.)
+ZELK_INLINE int round_to_int(long double x)
+{
+    int n;
+    asm("fistpl %0" : "=m"(n) : "t"(x) : "st");
+    return n;
+}
+
+ZELK_INLINE long double magnitude(long double x)
+{
+    asm("fabs" : "+t"(x));
+    return x;
+}
+ZELK_INLINE long double square_root(long double x)
+{
+    asm("fsqrt" : "+t"(x));
+    return x;
+}
+
+// Keeps an operation that is done for its flag: the compiler knows nothing of the value afterwards.
+ZELK_INLINE long double opaque(long double x)
+{
+    asm volatile("" : "+t"(x));
+    return x;
+}
+ZELK_INLINE long double overflowed(bool negative)
+{
+    const long double huge = opaque(0x1p16383L);
+    return negative ? -huge * huge : huge * huge;
+}
+ZELK_INLINE long double underflowed(bool negative)
+{
+    const long double tiny = opaque(0x1p-16382L);
+    return negative ? -tiny * tiny : tiny * tiny;
+}
+// NaN with invalid; the pole with divide-by-zero.
+ZELK_INLINE long double invalid()
+{
+    const long double zero = opaque(0.0L);
+    return zero / zero;
+}
+ZELK_INLINE long double pole(bool negative)
+{
+    const long double zero = opaque(0.0L);
+    return negative ? -1.0L / zero : 1.0L / zero;
+}
+
+// hi + lo, |lo| at most half an ulp of hi or a little above it.
+struct Pair {
+    long double hi;
+    long double lo;
+};
+
+// a + b exactly, |a| >= |b| or a = 0.
+ZELK_INLINE Pair fast_two_sum(long double a, long double b)
+{
+    const long double sum = a + b;
+    return {sum, b - (sum - a)};
+}
+// a + b exactly.
+ZELK_INLINE Pair two_sum(long double a, long double b)
+{
+    const long double sum = a + b;
+    const long double b_part = sum - a;
+    return {sum, (a - (sum - b_part)) + (b - b_part)};
+}
+
+// x as two numbers of 32 bits; |x| < 2^16350.
+ZELK_INLINE Pair split(long double x)
+{
+    const long double scaled = x * 0x1.00000001p32L;
+    const long double hi = scaled - (scaled - x);
+    return {hi, x - hi};
+}
+// a * b exactly, the product being normal and its low end above the denormals.
+ZELK_INLINE Pair two_product(long double a, long double b)
+{
+    const long double product = a * b;
+    const Pair x = split(a);
+    const Pair y = split(b);
+    return {product, ((x.hi * y.hi - product) + x.hi * y.lo + x.lo * y.hi) + x.lo * y.lo};
+}
+
+// Sums and products of pairs: relative error below 2^-120 when nothing cancels.
+ZELK_INLINE Pair add(Pair a, Pair b)
+{
+    const Pair sum = two_sum(a.hi, b.hi);
+    return fast_two_sum(sum.hi, sum.lo + (a.lo + b.lo));
+}
+ZELK_INLINE Pair add(Pair a, long double b)
+{
+    const Pair sum = two_sum(a.hi, b);
+    return fast_two_sum(sum.hi, sum.lo + a.lo);
+}
+ZELK_INLINE Pair multiply(Pair a, Pair b)
+{
+    const Pair product = two_product(a.hi, b.hi);
+    return fast_two_sum(product.hi, product.lo + (a.hi * b.lo + a.lo * b.hi));
+}
+ZELK_INLINE Pair multiply(Pair a, long double b)
+{
+    const Pair product = two_product(a.hi, b);
+    return fast_two_sum(product.hi, product.lo + a.lo * b);
+}
+ZELK_INLINE Pair divide(Pair a, Pair b)
+{
+    const long double quotient = a.hi / b.hi;
+    const Pair product = two_product(quotient, b.hi);
+    const long double rest = (((a.hi - product.hi) - product.lo) + a.lo) - quotient * b.lo;
+    return fast_two_sum(quotient, rest / b.hi);
+}
+// sqrt a, a > 0.
+ZELK_INLINE Pair square_root(Pair a)
+{
+    const long double root = square_root(a.hi);
+    const Pair square = two_product(root, root);
+    return fast_two_sum(root, (((a.hi - square.hi) - square.lo) + a.lo) / (root + root));
+}
+ZELK_INLINE long double rounded(Pair a)
+{
+    return a.hi + a.lo;
+}
+
+} // namespace zelk::ZELK_TIER
