@@ -54,6 +54,28 @@ int reduce_pi04l(long double x, double reduced[2]);
 long double sindl_scalar(long double x);
 long double cosdl_scalar(long double x);
 
+/* atan x in radians, any x. Error: 0.502 ulp, denormal results included.
+ * Special: atan +-0 = +-0, atan +-infinity = +-pi/2.
+ * Method: the direction of (1, x), as atan2l_scalar. */
+long double atanl_scalar(long double x);
+
+/* The angle of the point (x, y), in radians (atan2l_scalar) and in degrees (atan2dl_scalar), from -pi to pi. Error:
+ * 0.502 ulp, denormal results included.
+ * Special: as in IEEE 754: zeros and infinities are taken with their signs, atan2(+-0, +0) = +-0, atan2(+-0, -0) =
+ * +-pi, atan2(+-infinity, -infinity) = +-3 pi/4; nothing is raised but by a signalling NaN. In degrees, multiples of
+ * 45 are exact.
+ * Method: the nearest of 513 points along three sides of a square (_rop_atanl_table_128, _rop_atandl_table_128) and
+ * the arc tangent of the small angle between, leading parts in twice the precision. */
+long double atan2l_scalar(long double y, long double x);
+long double atan2dl_scalar(long double y, long double x);
+
+/* asin x and acos x in radians, |x| <= 1. Error: 0.502 ulp.
+ * Special: asin +-0 = +-0, acos 1 = +0; |x| > 1 gives NaN and raises invalid.
+ * Method: the direction of (sqrt(1 - x^2), x) and of (x, sqrt(1 - x^2)), as atan2l_scalar, the root in twice the
+ * precision. */
+long double asinl_scalar(long double x);
+long double acosl_scalar(long double x);
+
 /* Tables. A pair of binary64 stands for its sum; hi is the value rounded to binary64, lo the rest rounded likewise. */
 
 /* r_j: 1/(1 + (j + 0.5)/256) to the nearest multiple of 2^-11. */
