@@ -70,6 +70,63 @@ long double powl_scalar(long double x, long double y);
 
 /* Circular functions and their inverses, in radians and degrees. */
 
+/* sin x, x in radians, any finite x. Error: 0.501 ulp.
+ * Special: sin +-0 = +-0; an infinity gives NaN and raises invalid.
+ * Method: below pi/4 none, else exact reduction by the digits of 2/pi in integer arithmetic; then a table of sine and
+ * cosine in steps of 1/64 and a Taylor polynomial of the rest, leading parts in twice the precision. */
+long double sinl_scalar(long double x);
+
+/* cos x, x in radians, any finite x. Error: 0.501 ulp.
+ * Special: an infinity gives NaN and raises invalid; cos 0 = 1.
+ * Method: as sinl_scalar. */
+long double cosl_scalar(long double x);
+
+/* tan x, x in radians, any finite x. Error: 0.501 ulp.
+ * Special: tan +-0 = +-0; an infinity gives NaN and raises invalid. No 80-bit number is a pole.
+ * Method: the quotient of sine and cosine as sinl_scalar has them before rounding. */
+long double tanl_scalar(long double x);
+
+/* sinl_scalar(x) and cosl_scalar(x) at once, with their bits, stored through the two pointers. */
+void sincosl_scalar(long double x, long double* sine, long double* cosine);
+
+/* The octant of x, any finite x: floor(x 4/pi) modulo 8. Stored: x - n pi/2 for the nearest n, which is
+ * (octant + 1) / 2 modulo 4; at most pi/4 in magnitude, as two binary64 of which the first is the sum rounded.
+ * Error: 2^-93 of the reduced argument; below pi/4 it is x itself, as far as two binary64 can hold it. Beyond
+ * pi/4, none is below 2^-75.6.
+ * Special: infinities and NaNs give 0 and two NaNs; an infinity raises invalid.
+ * Method: digits of 2/pi in integer arithmetic, as sinl_scalar. */
+int reduce_pi04l(long double x, double reduced[2]);
+
+/* sin x and cos x, x in degrees, any finite x. Error: 0.501 ulp, denormal results included.
+ * Exact at whole multiples of 30 degrees where the value is rational; no flag then. sin(+-180 n) = +-0, n > 0;
+ * cos(90 + 180 n) = +0.
+ * Special: an infinity gives NaN and raises invalid.
+ * Method: whole degrees modulo 360 in integer arithmetic, _rop_sindl_cosdl_table, Taylor polynomials of the rest. */
+long double sindl_scalar(long double x);
+long double cosdl_scalar(long double x);
+
+/* atan x in radians, any x. Error: 0.502 ulp, denormal results included.
+ * Special: atan +-0 = +-0, atan +-infinity = +-pi/2.
+ * Method: the direction of (1, x), as atan2l_scalar. */
+long double atanl_scalar(long double x);
+
+/* The angle of the point (x, y), in radians (atan2l_scalar) and in degrees (atan2dl_scalar), from -pi to pi. Error:
+ * 0.502 ulp, denormal results included.
+ * Special: as in IEEE 754: zeros and infinities are taken with their signs, atan2(+-0, +0) = +-0, atan2(+-0, -0) =
+ * +-pi, atan2(+-infinity, -infinity) = +-3 pi/4; nothing is raised but by a signalling NaN. In degrees, multiples of
+ * 45 are exact.
+ * Method: the nearest of 513 points along three sides of a square (_rop_atanl_table_128, _rop_atandl_table_128) and
+ * the arc tangent of the small angle between, leading parts in twice the precision. */
+long double atan2l_scalar(long double y, long double x);
+long double atan2dl_scalar(long double y, long double x);
+
+/* asin x and acos x in radians, |x| <= 1. Error: 0.502 ulp.
+ * Special: asin +-0 = +-0, acos 1 = +0; |x| > 1 gives NaN and raises invalid.
+ * Method: the direction of (sqrt(1 - x^2), x) and of (x, sqrt(1 - x^2)), as atan2l_scalar, the root in twice the
+ * precision. */
+long double asinl_scalar(long double x);
+long double acosl_scalar(long double x);
+
 /* Tables. A pair of binary64 stands for its sum; hi is the value rounded to binary64, lo the rest rounded likewise. */
 
 /* r_j: 1/(1 + (j + 0.5)/256) to the nearest multiple of 2^-11. */

@@ -221,4 +221,50 @@ ZELK_INLINE long double rounded(Pair a)
     return a.hi + a.lo;
 }
 
+// NaNs and unsupported encodings.
+ZELK_INLINE bool not_a_number(Words x)
+{
+    return x.not_finite() && !x.infinite();
+}
+
+// A finite number other than zero: |x| = significand 2^(exponent - 63), the integer bit set.
+struct Normalised {
+    std::uint64_t significand;
+    int exponent;
+};
+ZELK_INLINE Normalised normalised(Words x)
+{
+    if (x.below_normal()) {
+        const int zeros = __builtin_clzll(x.significand);
+        return {x.significand << zeros, 1 - exponent_bias - zeros};
+    }
+    return {x.significand, x.biased_exponent() - exponent_bias};
+}
+
+// round(x 2^bits), 0 <= x <= 1, halves up: the same in every rounding mode.
+ZELK_INLINE unsigned grid_index(long double x, int bits)
+{
+    const Words words = words_of(x);
+    const int shift = exponent_bias + 62 - bits - words.biased_exponent();
+    return shift > 63 ? 0 : static_cast<unsigned>((words.significand >> shift) + 1) >> 1;
+}
+
+// a 2^n, rounded once where the result is denormal too; 2^-8 <= |a| < 2^63, a 2^n below the largest number.
+[[maybe_unused, gnu::cold, gnu::noinline]] static long double scaled(Pair a, int n)
+{
+    const int exponent = words_of(a.hi).biased_exponent() - exponent_bias;
+    long double value = rounded(a);
+    if (exponent + n < 1 - exponent_bias) {
+        // 2^63 places of the result: a rounds to whole places when it is added, and scaling them is exact.
+        opaque(underflowed(false));
+        const int place = -16445 - n;
+        if (place > exponent + 2) return underflowed(a.hi < 0);
+        const long double places = power_of_two(place + 63);
+        const long double shifter = a.hi < 0 ? -places : places;
+        const Pair sum = fast_two_sum(shifter, a.hi);
+        value = (sum.hi + (sum.lo + a.lo)) - shifter;
+    }
+    return value * power_of_two(n / 2) * power_of_two(n - n / 2);
+}
+
 } // namespace zelk::ZELK_TIER
