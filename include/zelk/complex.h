@@ -14,6 +14,29 @@ ZELK_BEGIN_DECLARATIONS
 
 /* Exponential. */
 
+/* e^z = e^x cos y + i e^x sin y on two complex numbers with binary32 parts, z = x + iy.
+ * Error: 3.2 ulp in each part for |x| <= 87.3365 and |y| <= 10000 (0.501 in tier A); 0.501 beyond.
+ * Special: y = +-0 gives (e^x, y). Infinite y gives (NaN, NaN) and raises invalid for finite x; (+0, +0) for x = -inf;
+ * (inf, NaN) for x = inf. Finite y gives (+-0, +-0) for x = -inf and (+-inf, +-inf) for x = inf, with the signs of
+ * cos y and sin y. A NaN gives (NaN, NaN), but NaN y is as infinite y beside an infinite x, and zero y stays; a
+ * signalling NaN raises invalid. Overflow gives +-inf and raises overflow.
+ * Method: table of 2^(j/128) and a quadratic; multiples of pi/2 subtracted in four parts, polynomials of sine and
+ * cosine. Tier A, and numbers beyond: cexpf_scalar. */
+zelk_cfloat2 __zelk_cexpf2(zelk_cfloat2 z);
+
+/* e^z of one complex number with binary32 parts, any finite parts. Error: 0.501 ulp in each part. Special: as
+ * __zelk_cexpf2; a denormal result raises underflow, be it exact.
+ * Method: tier A: cexp_scalar, with the x87 precision control at 64 bits for the duration of the call; tier L: tables of
+ * 2^(j/128) and of sine and cosine at multiples of pi/32 in binary64, for |x| < 256 and |y| < 90112. */
+zelk_complex_float cexpf_scalar(zelk_complex_float z);
+
+/* e^z of one complex number with binary64 parts, any finite parts; two names of one routine. Error: 0.501 ulp in each
+ * part. Special: as __zelk_cexpf2.
+ * Method: e^x, sin y and cos y in extended precision; needs the x87 precision control at 64 bits, as the platform has
+ * it. */
+zelk_complex_double cexp_scalar(zelk_complex_double z);
+zelk_complex_double internal_cexp(zelk_complex_double z);
+
 /* Logarithm. */
 
 /* ln z = ln |z| + i arg z on two complex numbers with binary32 parts, z = x + iy, arg z = atan2(y, x) in [-pi, pi].
