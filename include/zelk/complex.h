@@ -15,7 +15,7 @@ ZELK_BEGIN_DECLARATIONS
 /* Exponential. */
 
 /* e^z = e^x cos y + i e^x sin y on two complex numbers with binary32 parts, z = x + iy.
- * Error: 3.2 ulp in each part for |x| <= 87.3365 and |y| <= 10000 (0.501 in tier A); 0.501 beyond.
+ * Error: 3.7 ulp in each part for |x| <= 87.3365 and |y| <= 10000 (0.501 in tier A); 0.501 beyond.
  * Special: y = +-0 gives (e^x, y). Infinite y gives (NaN, NaN) and raises invalid for finite x; (+0, +0) for x = -inf;
  * (inf, NaN) for x = inf. Finite y gives (+-0, +-0) for x = -inf and (+-inf, +-inf) for x = inf, with the signs of
  * cos y and sin y. A NaN gives (NaN, NaN), but NaN y is as infinite y beside an infinite x, and zero y stays; a
@@ -51,6 +51,12 @@ zelk_cfloat2 __zelk_clogf2(zelk_cfloat2 z);
  * Method: as __zelk_clogf2, all in binary64. */
 zelk_complex_float clogf_scalar(zelk_complex_float z);
 
+/* ln z of one complex number with binary64 parts. Error: real part 0.501 ulp for ||z|^2 - 1| < 0.03, 0.53 elsewhere;
+ * imaginary part 0.501. Special: as __zelk_clogf2; zero z raises divide-by-zero.
+ * Method: ln |z|^2 in extended precision, near one by log1p of |z|^2 - 1 formed without cancellation; atan2_scalar.
+ * Needs the x87 precision control at 64 bits, as the platform has it. */
+zelk_complex_double clog_scalar(zelk_complex_double z);
+
 /* Square root. */
 
 /* sqrt z on two complex numbers with binary32 parts, z = x + iy: the root with a real part >= 0, its imaginary part with
@@ -74,6 +80,22 @@ zelk_complex_float csqrtf_scalar(zelk_complex_float z);
 zelk_complex_double csqrt_scalar(zelk_complex_double z);
 
 /* Arc cosine. */
+
+/* arccos z on two complex numbers with binary32 parts, z = x + iy: real part in [0, pi], imaginary part with the sign
+ * opposite to that of y (the cuts are the real axis beyond -1 and 1, and the sign of a zero y tells their sides).
+ * Error: 0.501 ulp in each part.
+ * Special: arccos(+-0 + iy) = (pi/2, -arsinh y). Infinite parts give the multiple of pi/4 that is the angle of z's
+ * direction, turned into [0, pi], and an infinite imaginary part. A NaN gives (NaN, NaN), but x = +-0 keeps (pi/2, NaN),
+ * infinite y (NaN, -y) and infinite x (NaN, inf). Raises nothing but invalid, for a signalling NaN.
+ * Method: cacosf_scalar in all tiers. */
+zelk_cfloat2 __zelk_cacosf2(zelk_cfloat2 z);
+
+/* arccos z of one complex number with binary32 or binary64 parts. Error: 0.501 ulp in each part. Special: as
+ * __zelk_cacosf2.
+ * Method: from the distances of z to 1 and -1 (Hull, Fairgrieve and Tang), in binary64 and in extended precision. Needs
+ * the x87 precision control at 64 bits, as the platform has it. */
+zelk_complex_float cacosf_scalar(zelk_complex_float z);
+zelk_complex_double cacos_scalar(zelk_complex_double z);
 
 /* Functions that are not provided. These routines stand for the names: each returns its argument unchanged, bit for
  * bit, whatever it is (the powers their first argument), and raises nothing. They do not compute the function. */

@@ -29,10 +29,12 @@ ZELK_INLINE float4 exponential(float4 x, const Cexpf2& k)
     const int4 n = as_int4(shifted) - as_int4(k.s_fRS);
     const int4 j = n & k.IndexMask;
     const float4 r = (x - kf * k.s_dwLog2Div128_Hi) - kf * k.s_dwLog2Div128_Lo;
-    const Pairf4 power = power_rows(j);
+    const Pairf4 row = power_rows(j);
     const float4 p = r + k.s_fA2 * (r * r);
-    const float4 e = power.first + power.first * (p + power.second);
-    return as_float4(as_int4(e) + ((n - j) << 16)); // times 2^m
+    const float4 e = row.first + row.first * (p + row.second);
+    // Half of e, which is exact, times 2^(m + 1): m is -127 at the lower end in one rounding mode.
+    const float4 power = as_float4(((n - j) << 16) + k.s_dwBiasf);
+    return as_float4(as_int4(e) - k.ExponentUnit) * power;
 }
 
 // cos y in the real positions, sin y in the imaginary ones, 0 <= y <= 10000. The products with the first

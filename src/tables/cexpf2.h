@@ -13,11 +13,13 @@ struct Cexpf2 {
     float4 s_fRS;             // 1.375 * 2^23
     float4 s_dwLog2Div128_Hi; // ln2/128 = Hi + Lo; 9 significant bits in Hi
     float4 s_dwLog2Div128_Lo;
-    int4 IndexMask;   // the row of the table in k
-    float4 s_fA2;     // e^r = 1 + r + A2 r^2
-    float4 MMSINVPI;  // 2/pi
-    float4 MMSRSHIFT; // 1.5 * 2^23
-    float4 MMSPI1;    // pi/2 = PI1 + PI2 + PI3 + PI4; at most 11 significant bits in the first three
+    int4 IndexMask;    // the row of the table in k
+    int4 s_dwBiasf;    // 128, the bias of 2^(m + 1), in the exponent field
+    int4 ExponentUnit; // 1 in the exponent field: subtracted, it halves
+    float4 s_fA2;      // e^r = 1 + r + A2 r^2
+    float4 MMSINVPI;   // 2/pi
+    float4 MMSRSHIFT;  // 1.5 * 2^23
+    float4 MMSPI1;     // pi/2 = PI1 + PI2 + PI3 + PI4; at most 11 significant bits in the first three
     float4 MMSPI2;
     float4 MMSPI3;
     float4 MMSPI4;
