@@ -57,6 +57,8 @@ function(tiers_of name result)
         else()
             set(${result} A L PARENT_SCOPE)
         endif()
+    elseif(name STREQUAL "trig_reduction")
+        set(${result} A PARENT_SCOPE) # one hidden routine for all kernels
     elseif(ZELK_TARGET STREQUAL x86_64)
         set(${result} A L PARENT_SCOPE)
     elseif(name MATCHES "f[42]$")

@@ -85,9 +85,10 @@ Worst search(const void* kernel, std::span<const T> xs, std::span<const T> ys, b
              Evaluate evaluate)
 {
     Worst worst;
+    Vec128 stored; // for kernels that store their second result too
     for (std::size_t i = 0; i < xs.size(); i += lane_count<T>) {
         const Vec128 b = ys.empty() ? Vec128{} : gather(ys, i);
-        const Result result = call(kernel, gather(xs, i), b, {}, nullptr, rounding);
+        const Result result = call(kernel, gather(xs, i), b, {}, &stored, rounding);
         for (std::size_t lane = 0; lane < std::min(lane_count<T>, xs.size() - i); ++lane) {
             const T got = lane_of(second ? result.second : result.first, lane, T{});
             const double error = ulp_error(got, evaluate(i + lane));
@@ -124,6 +125,27 @@ Worst search_binary(const void* kernel, std::span<const T> xs, std::span<const T
         exact(value.value, x.value, y.value);
         return value.value;
     });
+}
+
+template <class T>
+double search_absolute(const void* kernel, std::span<const T> xs, const Unary& exact, Rounding rounding,
+                       bool second)
+{
+    double worst = 0;
+    Exact value;
+    Vec128 stored; // for kernels that store their second result too
+    for (std::size_t i = 0; i < xs.size(); i += lane_count<T>) {
+        const Result result = call(kernel, gather(xs, i), {}, {}, &stored, rounding);
+        for (std::size_t lane = 0; lane < std::min(lane_count<T>, xs.size() - i); ++lane) {
+            const T got = lane_of(second ? result.second : result.first, lane, T{});
+            mpfr_set_d(value.value, static_cast<double>(xs[i + lane]), MPFR_RNDN);
+            exact(value.value, value.value);
+            mpfr_sub_d(value.value, value.value, static_cast<double>(got), MPFR_RNDN);
+            const double error = std::fabs(mpfr_get_d(value.value, MPFR_RNDU));
+            if (!(error <= worst)) worst = error;
+        }
+    }
+    return worst;
 }
 
 // Bit patterns in the order of the numbers they stand for.
@@ -233,6 +255,16 @@ Worst worst_error(const void* kernel, std::span<const float> xs, const Unary& ex
 Worst worst_error(const void* kernel, std::span<const double> xs, const Unary& exact, Rounding rounding)
 {
     return search_unary(kernel, xs, false, exact, rounding);
+}
+double worst_absolute_error(const void* kernel, std::span<const float> xs, const Unary& exact,
+                            Rounding rounding, bool second)
+{
+    return search_absolute(kernel, xs, exact, rounding, second);
+}
+double worst_absolute_error(const void* kernel, std::span<const double> xs, const Unary& exact,
+                            Rounding rounding, bool second)
+{
+    return search_absolute(kernel, xs, exact, rounding, second);
 }
 Worst worst_error_second(const void* kernel, std::span<const float> xs, const Unary& exact)
 {

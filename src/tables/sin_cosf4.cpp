@@ -1,8 +1,8 @@
-#include "tables/sincosf4.h"
+#include "tables/sin_cosf4.h"
 
 namespace zelk::tables {
 
-const Sincosf4 sincosf4 = {
+const SinCosf4 sin_cosf4 = {
     .MMIABSMASK = mask32(0x7FFFFFFF),
     .MMIHUGE = mask32(0x461C4000),
     .flTwoPow30 = mask32(0x4E800000),
@@ -19,11 +19,8 @@ const Sincosf4 sincosf4 = {
     .MMSA7 = splat32(0xB94FBAF1),
     .MMSA9 = splat32(0x362F0519),
     .dbInvPio2 = splat64(0x3FE45F306DC9C883),
-    .PI02C_0 = splat64(0x3FF921FA00000000),
-    .PI02C_1 = splat64(0x3EB5444300000000),
-    .PI02C_2 = splat64(0xBD473DCA00000000),
-    .PI02C_3 = splat64(0xBC03B39A00000000),
-    .PI02C_4 = splat64(0x3A945C06E0E68948),
+    .PI02C = {splat64(0x3FF921FA00000000), splat64(0x3EB5444300000000), splat64(0xBD473DCA00000000),
+              splat64(0xBC03B39A00000000), splat64(0x3A945C06E0E68948)},
     .dbRS = splat64(0x4338000000000000),
     .dbiOne = mask32(1),
     .MSK_LOW_BIT = mask32(0xFFFFFFFE),
@@ -36,7 +33,7 @@ const SpecTablef __spec_table_sinf = {
         },
     .reduction =
         {
-#include "tables/sincosf4_reduction.inc"
+#include "tables/sin_cosf4_reduction.inc"
         },
 };
 
@@ -47,14 +44,13 @@ const SpecTablef __spec_table_cosf = {
         },
     .reduction =
         {
-#include "tables/sincosf4_reduction.inc"
+#include "tables/sin_cosf4_reduction.inc"
         },
 };
 
 const SpecConstantsf spec_constantsf = {
     .C1 = 0x1.37423899a1558p13, // 6 / (pi/128)^2
     .C2 = 0x1.9f02f6222c720p11, // 2 / (pi/128)^2
-    .high_mask = 0xFFFFFFFFFF000000,
 };
 
 } // namespace zelk::tables

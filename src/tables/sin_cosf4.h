@@ -1,11 +1,11 @@
 // Constants of single precision sine and cosine.
 #pragma once
 
-#include "tables/splat.h"
+#include "tables/inverse_pi_chunks.h"
 
 namespace zelk::tables {
 
-struct Sincosf4 {
+struct SinCosf4 {
     int4 MMIABSMASK; // clears the sign
     int4 MMIHUGE;    // 10000, the bound of the binary32 path
     int4 flTwoPow30; // 2^30, the bound of the binary64 reduction
@@ -22,16 +22,12 @@ struct Sincosf4 {
     float4 MMSA7;
     float4 MMSA9;
     double2 dbInvPio2; // 2/pi
-    double2 PI02C_0;   // pi/2 in five parts; the first four leave 32 trailing zero bits
-    double2 PI02C_1;
-    double2 PI02C_2;
-    double2 PI02C_3;
-    double2 PI02C_4;
-    double2 dbRS; // 1.5 * 2^52
+    double2 PI02C[5];  // pi/2 in five parts; the first four leave 32 trailing zero bits
+    double2 dbRS;      // 1.5 * 2^52
     int4 dbiOne;
     int4 MSK_LOW_BIT; // clears bit 0
 };
-ZELK_TABLE Sincosf4 sincosf4;
+ZELK_TABLE SinCosf4 sin_cosf4;
 
 // Tables of the scalar routines, for theta = j pi/128 and phi = f pi/128:
 // f(theta + phi) = a_j f (C1 - f^2) + b_j (C2 - f^2), signs by quadrant.
@@ -40,23 +36,15 @@ struct SpecTablef {
         std::uint64_t a;
         std::uint64_t b;
     };
-    // 128/pi for binary32 exponents from 142 + 8k on, less the multiples of 256 that cannot matter there: the
-    // upper 40 bits of `packed` are a double, its lower 24 bits are the top of a second one, `low` is the
-    // rest.
-    struct Reduction {
-        std::uint64_t packed;
-        std::uint64_t low;
-    };
     Grid grid[65];
-    Reduction reduction[15];
+    InversePiChunks reduction; // modulo 256
 };
 ZELK_TABLE SpecTablef __spec_table_sinf;
 ZELK_TABLE SpecTablef __spec_table_cosf;
 
 struct SpecConstantsf {
-    double C1;               // 6 / (pi/128)^2
-    double C2;               // 2 / (pi/128)^2
-    std::uint64_t high_mask; // sign, exponent and 28 mantissa bits
+    double C1; // 6 / (pi/128)^2
+    double C2; // 2 / (pi/128)^2
 };
 ZELK_TABLE SpecConstantsf spec_constantsf;
 
