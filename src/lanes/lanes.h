@@ -278,4 +278,25 @@ ZELK_INLINE Pairf4 gather_rows(const std::uint32_t (*rows)[2], int4 row)
     return {_mm_shuffle_ps(rows01, rows23, 0x88), _mm_shuffle_ps(rows01, rows23, 0xDD)};
 }
 
+// The high words of both binary64 lanes, in the two low 32-bit lanes.
+ZELK_INLINE int4 gather_high_words(int4 x)
+{
+    return (int4)_mm_shuffle_epi32((__m128i)x, 0xDD);
+}
+
+// Lanes 2 and 3 in the place of lanes 0 and 1.
+ZELK_INLINE int4 high_lanes(int4 x)
+{
+    return (int4)_mm_shuffle_epi32((__m128i)x, 0xEE);
+}
+// The low (high) words of four 64-bit lanes, two in each vector.
+ZELK_INLINE int4 even_words(int4 low, int4 high)
+{
+    return (int4)_mm_shuffle_ps((__m128)low, (__m128)high, 0x88);
+}
+ZELK_INLINE int4 odd_words(int4 low, int4 high)
+{
+    return (int4)_mm_shuffle_ps((__m128)low, (__m128)high, 0xDD);
+}
+
 } // namespace zelk::ZELK_TIER

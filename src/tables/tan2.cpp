@@ -24,11 +24,11 @@ const Tan2 tan2 = {
     .MMDQ3 = splat64(0xBF2B525B10D0A168),
 };
 
-const TanInterval tan2_intervals[9] = {
+const TanInterval tan2_intervals[17] = {
 #include "tables/tan2_intervals.inc"
 };
 
-const TanInterval tan2_pole_intervals[9] = {
+const TanInterval tan2_pole_intervals[17] = {
 #include "tables/tan2_pole_intervals.inc"
 };
 

@@ -28,13 +28,13 @@ struct Tan2 {
 };
 ZELK_TABLE Tan2 tan2;
 
-// A function on |u| <= pi/64 round m pi/32: its value there as a pair, and its coefficients of u ... u^14.
+// A function on |u| <= pi/128 round m pi/64: its value there as a pair, and its coefficients of u ... u^14.
 struct TanInterval {
     double value;
     double value_low;
     double c[14];
 };
-ZELK_TABLE TanInterval tan2_intervals[9];      // tan, less u itself
-ZELK_TABLE TanInterval tan2_pole_intervals[9]; // 1/y - cot y
+ZELK_TABLE TanInterval tan2_intervals[17];      // tan, less u itself
+ZELK_TABLE TanInterval tan2_pole_intervals[17]; // 1/y - cot y
 
 } // namespace zelk::tables

@@ -17,9 +17,9 @@ static inline double interval_polynomial(const tables::TanInterval& interval, do
 }
 
 // tan x for |x| >= 2^-9, within 0.6 ulp.
-// Method: x = part pi/2 + r exactly; |r| = m pi/32 + u. Even parts: tan r = tan(m pi/32 + u). Odd parts: -cot
+// Method: x = part pi/2 + r exactly; |r| = m pi/64 + u. Even parts: tan r = tan(m pi/64 + u). Odd parts: -cot
 // r =
-// -(1/r - g(m pi/32 + u)), g regular. Both functions by a series in u round a value that is kept as a pair.
+// -(1/r - g(m pi/64 + u)), g regular. Both functions by a series in u round a value that is kept as a pair.
 [[maybe_unused, gnu::noinline]] static double __static_scalar_tan(double x)
 {
     const auto pattern = __builtin_bit_cast(std::uint64_t, x);
@@ -30,9 +30,9 @@ static inline double interval_polynomial(const tables::TanInterval& interval, do
     const bool negative = turn.head < 0;
     const double head = negative ? -turn.head : turn.head;
     const double tail = negative ? -turn.tail : turn.tail;
-    const int m = static_cast<int>(head * 8 + 0.5);
+    const int m = static_cast<int>(head * 16 + 0.5);
 
-    // u = (head - m/8 + tail) pi/4 as a pair: the first product is exact.
+    // u = (head - m/16 + tail) pi/4 as a pair: the first product is exact.
     const double pi04_high = 0x1.921fb0p-1; // 22 significant bits
     const double pi04_low = 0x1.5110b4611a626p-23;
     const double pi04 = 0x1.921fb54442d18p-1;
@@ -42,7 +42,7 @@ static inline double interval_polynomial(const tables::TanInterval& interval, do
         const double sum = product + rest;
         return double2{sum, (product - sum) + rest};
     };
-    const double2 u = times_pi04(head - m * 0.125);
+    const double2 u = times_pi04(head - m * 0.0625);
 
     double result;
     if ((turn.part & 1) == 0) {

@@ -59,7 +59,7 @@ ZELK_INLINE double2 tangent_quotient(const TanReduced2& reduced, const Tan2& c)
     const double2 magnitude = as_double2(as_long2(x) & c.MMIABSMASK);
     const long2 sign = as_long2(x) & c.MMISIGNMASK;
     if constexpr (tier == Tier::A) {
-        const QuadrantReduced2 reduced = reduce_lanes(magnitude, all_lanes2, {});
+        const QuadrantReduced2 reduced = reduce_every_lane(magnitude);
         return tangent_quotient({reduced.r, reduced.r * reduced.r, sign, reduced.quadrant}, c);
     } else {
         // Lanes that the fast path cannot take pass through it as zeros: they must not raise anything there.

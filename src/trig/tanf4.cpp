@@ -92,7 +92,7 @@ ZELK_INLINE float4 tangent_of_quadrant(float4 x, const QuadrantReducedf4& reduce
     const auto& c = tables::tanf4;
     const float4 magnitude = as_float4(as_int4(x) & c.MMIABSMASK);
     if constexpr (tier == Tier::A) {
-        return tangent_of_quadrant(x, reduce_lanes(magnitude, all_lanes4, {}), c);
+        return tangent_of_quadrant(x, reduce_every_lane(magnitude), c);
     } else {
         // Lanes that the fast path cannot take pass through it as zeros: they must not raise anything there.
         const TanReducedf4 ordinary = reduce_fast(as_float4(as_int4(x) & ~beyond), c);

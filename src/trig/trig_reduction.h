@@ -70,6 +70,15 @@ ZELK_INLINE QuadrantReduced2 reduce_lanes(double2 magnitude, unsigned lanes, Qua
     return others;
 }
 
+ZELK_INLINE QuadrantReducedf4 reduce_every_lane(float4 magnitude)
+{
+    return reduce_lanes(magnitude, all_lanes4, {float4{}, int4{}});
+}
+ZELK_INLINE QuadrantReduced2 reduce_every_lane(double2 magnitude)
+{
+    return reduce_lanes(magnitude, all_lanes2, {double2{}, long2{}});
+}
+
 // n is the even one of trunc(4/pi |x|) and its successor, so that n pi/4 is the nearest multiple of pi/2.
 ZELK_INLINE int4 nearest_even_multiple(double2 magnitude, const tables::TrigReduction& k)
 {

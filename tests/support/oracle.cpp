@@ -211,6 +211,14 @@ std::vector<T> around(T x, int radius)
     return sample;
 }
 
+template <class T>
+void expect_directed(double bound_ulp, const Kernel& kernel, std::span<const T> xs, const Unary& exact)
+{
+    for (const Rounding rounding : {Rounding::down, Rounding::up, Rounding::zero})
+        expect_error_within(bound_ulp, worst_error(kernel.address, xs, exact, rounding), kernel.symbol,
+                            "rounding " + std::to_string(static_cast<unsigned>(rounding)));
+}
+
 } // namespace
 
 double ulp_error(float got, mpfr_srcptr exact)
@@ -243,9 +251,12 @@ void expect_error_within(double bound_ulp, const Worst& worst, const std::string
 void expect_directed_error_within(double bound_ulp, const Kernel& kernel, std::span<const float> xs,
                                   const Unary& exact)
 {
-    for (const Rounding rounding : {Rounding::down, Rounding::up, Rounding::zero})
-        expect_error_within(bound_ulp, worst_error(kernel.address, xs, exact, rounding), kernel.symbol,
-                            "rounding " + std::to_string(static_cast<unsigned>(rounding)));
+    expect_directed(bound_ulp, kernel, xs, exact);
+}
+void expect_directed_error_within(double bound_ulp, const Kernel& kernel, std::span<const double> xs,
+                                  const Unary& exact)
+{
+    expect_directed(bound_ulp, kernel, xs, exact);
 }
 
 Worst worst_error(const void* kernel, std::span<const float> xs, const Unary& exact, Rounding rounding)

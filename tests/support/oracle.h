@@ -71,6 +71,8 @@ void expect_error_within(double bound_ulp, const Worst& worst, const std::string
 // The same for the three directed rounding modes together.
 void expect_directed_error_within(double bound_ulp, const Kernel& kernel, std::span<const float> xs,
                                   const Unary& exact);
+void expect_directed_error_within(double bound_ulp, const Kernel& kernel, std::span<const double> xs,
+                                  const Unary& exact);
 
 // Arguments. Every sequence is reproducible. The environment variable ZELK_SURVEY multiplies the counts, for
 // a measurement that takes longer than a test should.
