@@ -36,8 +36,8 @@ TEST(Tan, ErrorByPathf4)
                                 worst_error(kernel.address, with_negatives(arguments), mpfr_unary(mpfr_tan)),
                                 kernel.symbol, path);
         };
-        check(A ? 3.7 : 4.1, fast, "fast");
-        check(A ? 3.5 : 3.7, medium, "medium");
+        check(4.27, fast, "fast"); // over all arguments
+        check(3.75, medium, "medium");
         check(A ? 3.4 : 0.52, huge, "huge");
         check(A ? 3.4 : 6.0, hard, "hardest");
     }
@@ -139,7 +139,7 @@ TEST(Tan, MixedVectors)
                     Exact exact;
                     mpfr_set_flt(exact.value, x.f[lane], MPFR_RNDN);
                     mpfr_tan(exact.value, exact.value, MPFR_RNDN);
-                    EXPECT_LE(ulp_error(result.first.f[lane], exact.value), 4.1) << kernel.symbol << hex(x);
+                    EXPECT_LE(ulp_error(result.first.f[lane], exact.value), 4.27) << kernel.symbol << hex(x);
                     if (kernel.tier != 'A' && special > 0x1p30f && !(mask >> lane & 1)) {
                         EXPECT_EQ(result.first.u[lane], ordinary.first.u[lane]) << kernel.symbol << hex(x);
                     }
