@@ -40,8 +40,8 @@ zelk_double2 __zelk_cos2(zelk_double2 x);
 /* Tangent. */
 
 /* tan x on four binary32 lanes, x in radians, any finite x.
- * Error: 4.27 ulp for |x| <= 10000, 3.75 up to 2^30; beyond 3.75 in tier A, in the others 0.51 but for the arguments
- * nearest to a pole (6).
+ * Error: 4.27 ulp for |x| <= 10000, 3.75 up to 2^30; beyond 3.93 in tier A, in the others 0.51 but for the arguments
+ * nearest to a pole (5.86).
  * Special: zeros give themselves; an infinity gives NaN and raises invalid; a NaN gives a quiet NaN, a signalling one
  * raises invalid. tan(-x) = -tan x.
  * Method: multiples of pi/2 subtracted in four parts and a rational function; see docs/functions/tan.md for larger x. */
