@@ -278,4 +278,10 @@ ZELK_INLINE Pairf4 gather_rows(const std::uint32_t (*rows)[2], int4 row)
     return {_mm_shuffle_ps(rows01, rows23, 0x88), _mm_shuffle_ps(rows01, rows23, 0xDD)};
 }
 
+// All ones in the lanes that are negative as 64-bit integers.
+ZELK_INLINE long2 negative_lanes(long2 x)
+{
+    return as_long2(high_words(as_int4(x) >> 31));
+}
+
 } // namespace zelk::ZELK_TIER
