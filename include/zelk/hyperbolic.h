@@ -53,6 +53,47 @@ zelk_double2 __zelk_tanh2(zelk_double2 x);
 
 /* asinh, acosh, atanh. */
 
+/* asinh x on four binary32 lanes, any x.
+ * Error: 2.3 ulp in vectors with all |x| in (1, infinity); in any other 0.75 near 2^-8, 0.52 elsewhere.
+ * Special: below 2^-28, +-0, infinities and NaNs, signalling ones too, come back unchanged. Nothing is raised.
+ * Method: ln(|x| + sqrt(x^2 + 1)): in binary32 with the processor's reciprocal estimate, whose bits vary between
+ * processors; lane by lane in binary64 with a table logarithm as soon as one |x| lies outside (1, infinity). */
+zelk_float4 __zelk_asinhf4(zelk_float4 x);
+
+/* acosh x on four binary32 lanes, x >= 1.
+ * Error: 2.2 ulp in vectors with all x in (1.5, infinity); in any other 0.62 below 1.00001, 0.51 elsewhere.
+ * Special: 1 gives +0; +infinity and a positive NaN come back unchanged; x < 1, -0 and any negative pattern give the
+ * NaN 0x7FFFFFFF. Nothing is raised.
+ * Method: ln(x + sqrt(x^2 - 1)), as __zelk_asinhf4; lane by lane as soon as one x lies outside (1.5, infinity). */
+zelk_float4 __zelk_acoshf4(zelk_float4 x);
+
+/* atanh x on four binary32 lanes, |x| <= 1.
+ * Error: 2.8 ulp in vectors with all |x| in (1/4, 1 - 2^-24); in any other 1.0 below 2^-20, 0.53 elsewhere.
+ * Special: +-1 gives the infinity of its sign; below 2^-30 and +-0 come back unchanged; |x| > 1, infinities and NaNs
+ * give the NaN 0x7FFFFFFF with the sign of x. Nothing is raised, not even divide-by-zero.
+ * Method: ln((1 + |x|) / (1 - |x|)) / 2, as __zelk_asinhf4. */
+zelk_float4 __zelk_atanhf4(zelk_float4 x);
+
+/* asinh x on two binary64 lanes, any x.
+ * Error: 1.5 ulp for |x| <= 1, 2.3 beyond. All tiers give the same bits.
+ * Special: +-0 gives +-0, an infinity the infinity; a NaN gives the quieted NaN, a signalling one raises invalid.
+ * Method: ln(|x| + sqrt(x^2 + 1)); an odd polynomial of degree 37 up to 1. */
+zelk_double2 __zelk_asinh2(zelk_double2 x);
+
+/* acosh x on two binary64 lanes, x >= 1.
+ * Error: 4.3 ulp up to 1.5, 2.2 beyond. All tiers give the same bits.
+ * Special: 1 gives +0, +infinity +infinity; x < 1 and -infinity give the default NaN and raise invalid; NaNs as
+ * __zelk_asinh2.
+ * Method: ln(x + sqrt(x^2 - 1)); sqrt(2t) times a polynomial of degree 10 in t = x - 1 up to 1.5. */
+zelk_double2 __zelk_acosh2(zelk_double2 x);
+
+/* atanh x on two binary64 lanes, |x| <= 1.
+ * Error: 0.63 ulp for |x| <= 1/4, 2.8 beyond. All tiers give the same bits.
+ * Special: +-0 gives +-0; +-1 gives the infinity of its sign, raising nothing; |x| > 1 and infinities give the default
+ * NaN and raise invalid; NaNs as __zelk_asinh2.
+ * Method: ln((1 + |x|) / (1 - |x|)) / 2; an odd polynomial of degree 17 up to 1/4. */
+zelk_double2 __zelk_atanh2(zelk_double2 x);
+
 ZELK_END_DECLARATIONS
 
 #endif

@@ -278,6 +278,11 @@ ZELK_INLINE Pairf4 gather_rows(const std::uint32_t (*rows)[2], int4 row)
     return {_mm_shuffle_ps(rows01, rows23, 0x88), _mm_shuffle_ps(rows01, rows23, 0xDD)};
 }
 
+// The high words of the two 64-bit lanes in lanes 0 and 1.
+ZELK_INLINE int4 pack_high_words(int4 x)
+{
+    return (int4)_mm_shuffle_epi32((__m128i)x, 0x0D);
+}
 // All ones in the lanes that are negative as 64-bit integers.
 ZELK_INLINE long2 negative_lanes(long2 x)
 {
