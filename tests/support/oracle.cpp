@@ -81,12 +81,13 @@ double lane_of(const Vec128& v, std::size_t lane, double)
 }
 
 template <class T, class Evaluate>
-Worst search(const void* kernel, std::span<const T> xs, std::span<const T> ys, bool second, Evaluate evaluate)
+Worst search(const void* kernel, std::span<const T> xs, std::span<const T> ys, bool second, Rounding rounding,
+             Evaluate evaluate)
 {
     Worst worst;
     for (std::size_t i = 0; i < xs.size(); i += lane_count<T>) {
         const Vec128 b = ys.empty() ? Vec128{} : gather(ys, i);
-        const Result result = call(kernel, gather(xs, i), b);
+        const Result result = call(kernel, gather(xs, i), b, {}, nullptr, rounding);
         for (std::size_t lane = 0; lane < std::min(lane_count<T>, xs.size() - i); ++lane) {
             const T got = lane_of(second ? result.second : result.first, lane, T{});
             const double error = ulp_error(got, evaluate(i + lane));
@@ -99,11 +100,12 @@ Worst search(const void* kernel, std::span<const T> xs, std::span<const T> ys, b
 }
 
 template <class T>
-Worst search_unary(const void* kernel, std::span<const T> xs, bool second, const Unary& exact)
+Worst search_unary(const void* kernel, std::span<const T> xs, bool second, const Unary& exact,
+                   Rounding rounding = Rounding::nearest)
 {
     Exact x;
     Exact value;
-    return search<T>(kernel, xs, {}, second, [&](std::size_t i) -> mpfr_srcptr {
+    return search<T>(kernel, xs, {}, second, rounding, [&](std::size_t i) -> mpfr_srcptr {
         mpfr_set_d(x.value, static_cast<double>(xs[i]), MPFR_RNDN);
         exact(value.value, x.value);
         return value.value;
@@ -116,7 +118,7 @@ Worst search_binary(const void* kernel, std::span<const T> xs, std::span<const T
     Exact x;
     Exact y;
     Exact value;
-    return search<T>(kernel, xs, ys, false, [&](std::size_t i) -> mpfr_srcptr {
+    return search<T>(kernel, xs, ys, false, Rounding::nearest, [&](std::size_t i) -> mpfr_srcptr {
         mpfr_set_d(x.value, static_cast<double>(xs[i]), MPFR_RNDN);
         mpfr_set_d(y.value, static_cast<double>(ys[i]), MPFR_RNDN);
         exact(value.value, x.value, y.value);
@@ -216,13 +218,13 @@ void expect_error_within(double bound_ulp, const Worst& worst, const std::string
     EXPECT_LE(worst.ulp, bound_ulp) << kernel << ", " << path << ": " << worst.text();
 }
 
-Worst worst_error(const void* kernel, std::span<const float> xs, const Unary& exact)
+Worst worst_error(const void* kernel, std::span<const float> xs, const Unary& exact, Rounding rounding)
 {
-    return search_unary(kernel, xs, false, exact);
+    return search_unary(kernel, xs, false, exact, rounding);
 }
-Worst worst_error(const void* kernel, std::span<const double> xs, const Unary& exact)
+Worst worst_error(const void* kernel, std::span<const double> xs, const Unary& exact, Rounding rounding)
 {
-    return search_unary(kernel, xs, false, exact);
+    return search_unary(kernel, xs, false, exact, rounding);
 }
 Worst worst_error_second(const void* kernel, std::span<const float> xs, const Unary& exact)
 {

@@ -38,7 +38,8 @@ double ulp_error(float got, mpfr_srcptr exact);
 double ulp_error(double got, mpfr_srcptr exact);
 double ulp_error(long double got, mpfr_srcptr exact);
 
-// The largest error of a kernel over many arguments, all lanes used.
+// The largest error of a kernel over many arguments, all lanes used. In directed rounding modes a result on
+// the wrong side counts like any other.
 struct Worst {
     double ulp = 0;
     double x = 0;
@@ -46,8 +47,10 @@ struct Worst {
     double got = 0;
     std::string text() const;
 };
-Worst worst_error(const void* kernel, std::span<const float> xs, const Unary& exact);
-Worst worst_error(const void* kernel, std::span<const double> xs, const Unary& exact);
+Worst worst_error(const void* kernel, std::span<const float> xs, const Unary& exact,
+                  Rounding rounding = Rounding::nearest);
+Worst worst_error(const void* kernel, std::span<const double> xs, const Unary& exact,
+                  Rounding rounding = Rounding::nearest);
 Worst worst_error(const void* kernel, std::span<const float> xs, std::span<const float> ys,
                   const Binary& exact);
 Worst worst_error(const void* kernel, std::span<const double> xs, std::span<const double> ys,
