@@ -8,6 +8,31 @@ ZELK_BEGIN_DECLARATIONS
 
 /* Arc sine and arc cosine. */
 
+/* arcsin x on four binary32 lanes, in radians, |x| <= 1.
+ * Error: 2.55 ulp for |x| <= 1/2; above, 4.22, but 4.08 in tier L if all lanes are above.
+ * Special: |x| > 1 (infinities too) gives NaN and raises invalid; a NaN gives a quiet NaN, a signalling one raises
+ * invalid; -0 gives -0.
+ * Method: degree-11 odd polynomial; above 1/2 of sqrt((1 - |x|)/2). */
+zelk_float4 __zelk_asinf4(zelk_float4 x);
+
+/* arccos x on four binary32 lanes, in radians, |x| <= 1.
+ * Error: 1.58 ulp for |x| <= 1/2, 2.99 above.
+ * Special: as __zelk_asinf4; arccos 1 = +0.
+ * Method: as __zelk_asinf4. */
+zelk_float4 __zelk_acosf4(zelk_float4 x);
+
+/* arcsin x on two binary64 lanes, in radians, |x| <= 1.
+ * Error: 0.64 ulp for |x| < 1/2, 2.16 above.
+ * Special: as __zelk_asinf4.
+ * Method: degree-27 odd polynomial; above 1/2 of sqrt((1 - |x|)/2). */
+zelk_double2 __zelk_asin2(zelk_double2 x);
+
+/* arccos x on two binary64 lanes, in radians, |x| <= 1.
+ * Error: |x| < 1/2: 1.61 ulp in tier A, 2.05 in tier L; above 3.22.
+ * Special: as __zelk_asinf4; arccos 1 = +0; arccos -1 is one unit larger in tier L than in tier A.
+ * Method: as __zelk_asin2, degree 23. */
+zelk_double2 __zelk_acos2(zelk_double2 x);
+
 /* Arc tangent. */
 
 ZELK_END_DECLARATIONS

@@ -239,4 +239,11 @@ template <class Vector>
     return xmm0;
 }
 
+// All ones in the 64-bit lanes that are negative. The difference of two magnitudes' bit patterns is negative
+// where the first is the smaller: a comparison that raises nothing and takes a NaN for the largest number.
+ZELK_INLINE long2 negative_lanes(long2 x)
+{
+    return as_long2(high_words(as_int4(x)) >> 31);
+}
+
 } // namespace zelk::ZELK_TIER
