@@ -35,6 +35,32 @@ zelk_double2 __zelk_acos2(zelk_double2 x);
 
 /* Arc tangent. */
 
+/* arctan x on four binary32 lanes, in radians, any x.
+ * Error: 3.76 ulp for |x| <= 1, 3.37 above.
+ * Special: infinities give +-pi/2 and raise nothing; a NaN gives a quiet NaN, a signalling one raises invalid; -0
+ * gives -0.
+ * Method: degree-17 odd polynomial, of 1/x above 1. */
+zelk_float4 __zelk_atanf4(zelk_float4 x);
+
+/* arctan x (of one argument) on two binary64 lanes, in radians, any x.
+ * Error: 4.06 ulp for |x| <= 1, 4.73 above.
+ * Special: as __zelk_atanf4.
+ * Method: degree-39 odd polynomial, of 1/x above 1. */
+zelk_double2 __zelk_atan2(zelk_double2 x);
+
+/* atan2(y, x), the angle of the point (x, y), on four binary32 lanes, in radians, any y and x.
+ * Error: 3.98 ulp; 1.6 if x is zero or subnormal, or y infinite or NaN, in any lane.
+ * Special: zeros and infinities give the multiple of pi/4 that IEEE 754 names, with the sign of y, and raise nothing;
+ * a NaN gives a quiet NaN, a signalling one raises invalid.
+ * Method: degree-17 odd polynomial of the smaller magnitude over the larger. */
+zelk_float4 __zelk_atan2f4(zelk_float4 y, zelk_float4 x);
+
+/* atan2(y, x), the angle of the point (x, y), on two binary64 lanes, in radians, any y and x.
+ * Error: 4.64 ulp.
+ * Special: as __zelk_atan2f4.
+ * Method: degree-39 odd polynomial of the smaller magnitude over the larger. */
+zelk_double2 __zelk_atan22(zelk_double2 y, zelk_double2 x);
+
 ZELK_END_DECLARATIONS
 
 #endif
