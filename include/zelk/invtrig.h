@@ -33,6 +33,13 @@ zelk_double2 __zelk_asin2(zelk_double2 x);
  * Method: as __zelk_asin2, degree 23. */
 zelk_double2 __zelk_acos2(zelk_double2 x);
 
+/* arccos x of one binary64 number, in radians, |x| <= 1.
+ * Error: 0.501 ulp; in tier A 1.9 for 0.3827 < |x| < 0.9239 and 1.01 above.
+ * Special: |x| > 1 (infinities too) gives NaN and raises invalid; a NaN is returned unchanged; arccos 1 = +0.
+ * Method: extended precision; the nearest of the angles 0, pi/4, pi/2, 3pi/4 and pi, and a polynomial for the rest.
+ * Needs the x87 precision control at 64 bits, as the platform has it. */
+double acos_scalar(double x);
+
 /* Arc tangent. */
 
 /* arctan x on four binary32 lanes, in radians, any x.
@@ -60,6 +67,13 @@ zelk_float4 __zelk_atan2f4(zelk_float4 y, zelk_float4 x);
  * Special: as __zelk_atan2f4.
  * Method: degree-39 odd polynomial of the smaller magnitude over the larger. */
 zelk_double2 __zelk_atan22(zelk_double2 y, zelk_double2 x);
+
+/* atan2(y, x) of two binary64 numbers, in radians, any y and x.
+ * Error: 0.501 ulp.
+ * Special: as __zelk_atan2f4.
+ * Method: extended precision; in tier A the processor's partial arc tangent, in tier L a table of atan(n/64) and the
+ * Taylor series. Tier L needs the x87 precision control at 64 bits, as the platform has it. */
+double atan2_scalar(double y, double x);
 
 ZELK_END_DECLARATIONS
 
