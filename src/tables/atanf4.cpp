@@ -2,15 +2,6 @@
 
 namespace zelk::tables {
 
-static constexpr double binary64(std::uint64_t bits)
-{
-    return __builtin_bit_cast(double, bits);
-}
-static constexpr float binary32(std::uint32_t bits)
-{
-    return __builtin_bit_cast(float, bits);
-}
-
 const Atanf4 atanf4 = {
     .s_dwAbsMask = mask32(0x7FFFFFFF),
     .s_dwSignMask = mask32(0x80000000),
@@ -38,7 +29,7 @@ const Atan2Ss atan2_ss = {
     .pi_2 = binary64(0x3FF921FB54442D18),
     .m_or_p = {-1.0, 1.0},
     .pi_or_zero = {binary64(0x400921FB54442D18), 0.0},
-    .angles = {0.0f, binary32(0x3F490FDB), binary32(0x3FC90FDB), binary32(0x4016CBE4), binary32(0x40490FDB)},
+    .angles = {0.0f, 0x1.921fb6p-1f, 0x1.921fb6p0f, 0x1.2d97c8p1f, 0x1.921fb6p1f},
 };
 
 } // namespace zelk::tables
