@@ -12,7 +12,7 @@ set_target_properties(brava PROPERTIES VERSION 1.0.0 SOVERSION 1)
 set(library_options
     -O2 -fPIC -fvisibility=hidden -fno-exceptions -fno-rtti -fno-stack-protector -fno-threadsafe-statics
     -fcf-protection=full -fno-semantic-interposition -fno-plt
-    -frounding-math -ftrapping-math -ffp-contract=off -fno-math-errno)
+    -frounding-math -ftrapping-math -fsignaling-nans -ffp-contract=off -fno-math-errno)
 if(ZELK_TARGET STREQUAL x86_64)
     # Callers rely on XMM8 to XMM15; -ffixed- keeps the compiler away from them (-fcall-saved- would not save them).
     foreach(register RANGE 8 15)
@@ -57,6 +57,8 @@ function(tiers_of name result)
         else()
             set(${result} A L PARENT_SCOPE)
         endif()
+    elseif(name STREQUAL "trig_reduction")
+        set(${result} A PARENT_SCOPE) # one hidden routine for all kernels
     elseif(ZELK_TARGET STREQUAL x86_64)
         set(${result} A L PARENT_SCOPE)
     elseif(name MATCHES "f4$|^c.+f2$") # erf2 is on double2

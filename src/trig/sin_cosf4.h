@@ -2,7 +2,9 @@
 #pragma once
 
 #include "lanes/lanes.h"
-#include "tables/sincosf4.h"
+#include "tables/sin_cosf4.h"
+#include "trig/subtract_multiple.h"
+#include "trig/times_128_over_pi.h"
 
 namespace zelk::ZELK_TIER {
 
@@ -13,94 +15,46 @@ struct Reducedf4 {
     int4 sign;
 };
 
-ZELK_INLINE int4 beyond_bound(float4 x, const tables::Sincosf4& k)
+ZELK_INLINE int4 beyond_bound(float4 x, const tables::SinCosf4& k)
 {
     return (as_int4(x) & k.MMIABSMASK) > k.MMIHUGE;
 }
 
 // r = y - nf pi. |nf| < 2^12 and the first three parts of pi have at most 12 significant bits, so that their
 // products are exact; the square leaves the last part out.
-ZELK_INLINE Reducedf4 subtract_multiple_of_pi(float4 y, float4 nf, int4 n, const tables::Sincosf4& k)
+ZELK_INLINE Reducedf4 subtract_multiple_of_pi(float4 y, float4 nf, int4 n, const tables::SinCosf4& k)
 {
     const float4 r3 = ((y - nf * k.MMSPI1) - nf * k.MMSPI2) - nf * k.MMSPI3;
     return {r3 - nf * k.MMSPI4, r3 * r3, n << 31};
 }
 
 // (-1)^n (r + r p(r^2)), |r| <= pi/2.
-ZELK_INLINE float4 sine_polynomial(const Reducedf4& reduced, const tables::Sincosf4& k)
+ZELK_INLINE float4 sine_polynomial(const Reducedf4& reduced, const tables::SinCosf4& k)
 {
     const float4 z = reduced.z;
     const float4 p = (((k.MMSA9 * z + k.MMSA7) * z + k.MMSA5) * z + k.MMSA3) * z;
     return as_float4(as_int4(p * reduced.r + reduced.r) ^ reduced.sign);
 }
 
-// x - kd pi/2 in binary64, with the rounding errors of the leading differences carried along.
-ZELK_INLINE double2 subtract_multiple_of_half_pi(double2 x, double2 kd, const tables::Sincosf4& k)
-{
-    const double2 P0 = k.PI02C_0 * kd;
-    const double2 P1 = k.PI02C_1 * kd;
-    const double2 P2 = k.PI02C_2 * kd;
-    const double2 P3 = k.PI02C_3 * kd;
-    const double2 P4 = k.PI02C_4 * kd;
-    const double2 a = x - P0;
-    const double2 b = a - P1;
-    const double2 e1 = (a - b) - P1;
-    const double2 c = b - P2;
-    const double2 e2 = (b - c) - P2;
-    const double2 e = e1 + e2;
-    const double2 c_sum = c + e;
-    const double2 e_rest = e + (c - c_sum);
-    const double2 d = c_sum - P3;
-    const double2 e3 = (c_sum - d) - P3;
-    return ((e_rest + e3) - P4) + d;
-}
-
-ZELK_INLINE int4 trunc_quotient_by_half_pi(double2 low, double2 high, const tables::Sincosf4& k)
+ZELK_INLINE int4 trunc_quotient_by_half_pi(double2 low, double2 high, const tables::SinCosf4& k)
 {
     return join_low(trunc_to_int(low * k.dbInvPio2), trunc_to_int(high * k.dbInvPio2));
 }
 
 // r = |x| - quadrant pi/2 for 0 <= quadrant < 2^31 and |x| <= 2^30, rounded to binary32 once.
 ZELK_INLINE Reducedf4 reduce_in_binary64(double2 low, double2 high, int4 quadrant, int4 sign,
-                                         const tables::Sincosf4& k)
+                                         const tables::SinCosf4& k)
 {
     const double2 kd_low = as_double2(zero_extend_low(quadrant) | as_long2(k.dbRS)) - k.dbRS;
     const double2 kd_high = as_double2(zero_extend_high(quadrant) | as_long2(k.dbRS)) - k.dbRS;
     const float4 r =
-        narrow(subtract_multiple_of_half_pi(low, kd_low, k), subtract_multiple_of_half_pi(high, kd_high, k));
+        narrow(subtract_multiple(low, kd_low, k.PI02C), subtract_multiple(high, kd_high, k.PI02C));
     return {r, r * r, sign};
 }
 
 ZELK_INLINE Reducedf4 select(int4 mask, const Reducedf4& a, const Reducedf4& b)
 {
     return {select(mask, a.r, b.r), select(mask, a.z, b.z), select(mask, a.sign, b.sign)};
-}
-
-// x 128/pi = n + f (mod 256) for any finite x, |f| <= 0.62.
-struct GridPoint {
-    std::uint32_t n;
-    double f;
-};
-
-static inline GridPoint reduce_to_grid(float x, const tables::SpecTablef& table)
-{
-    const auto& k = tables::spec_constantsf;
-    const double xd = x;
-    const std::uint32_t exponent = (__builtin_bit_cast(std::uint32_t, x) >> 23) & 0xFF;
-    const auto& chunk = table.reduction[exponent >= 142 ? (exponent - 142) / 8 : 0];
-    const double H1 = __builtin_bit_cast(double, chunk.packed& k.high_mask);
-    const double H2 = __builtin_bit_cast(double, chunk.packed << 40);
-
-    // H1 has 29 and H2 13 significant bits, x has 24: p1 and p2 are exact.
-    const double p1 = H1 * xd;
-    const double p2 = H2 * xd;
-    const double p3 = __builtin_bit_cast(double, chunk.low) * xd;
-    const double s = p1 + p2;
-    const double e = (p1 - s) + p2;
-    const double shifter = 0x1.8p52;
-    const double w = s + shifter;
-    const double sn = w - shifter;
-    return {static_cast<std::uint32_t>(__builtin_bit_cast(std::uint64_t, w)), (p3 + e) + (s - sn)};
 }
 
 // Entry of the first quadrant's grid that angle n pi/128 mirrors to.

@@ -14,7 +14,7 @@ constexpr float infinity = std::numeric_limits<float>::infinity();
 constexpr float largest = std::numeric_limits<float>::max();
 constexpr float quiet_nan = std::numeric_limits<float>::quiet_NaN();
 
-TEST(Sincosf4, ErrorByPath)
+TEST(SinCosf4, ErrorByPath)
 {
     const float above_10000 = std::nextafter(10000.0f, infinity);
     const float above_2_30 = std::nextafter(0x1p30f, infinity);
@@ -44,7 +44,7 @@ TEST(Sincosf4, ErrorByPath)
 }
 
 // 10000 < |x| < 2^15 takes the scalar routine only beside a lane beyond 2^30.
-TEST(Sincosf4, ScalarRoutineBelow2To15)
+TEST(SinCosf4, ScalarRoutineBelow2To15)
 {
     auto arguments = sample_patterns(10000.5f, 0x1p30f, 4000);
     for (std::size_t i = 0; i < arguments.size(); i += 4)
@@ -57,7 +57,7 @@ TEST(Sincosf4, ScalarRoutineBelow2To15)
                             "scalar, beside a huge lane");
 }
 
-TEST(Sincosf4, SpecialLanes)
+TEST(SinCosf4, SpecialLanes)
 {
     const Special<float> sine[] = {
         {"+inf", infinity, quiet_nan, flag_invalid},
@@ -76,7 +76,7 @@ TEST(Sincosf4, SpecialLanes)
 }
 
 // A quiet NaN keeps its sign and payload.
-TEST(Sincosf4, NanPayload)
+TEST(SinCosf4, NanPayload)
 {
     for (const char* name : {"sinf4", "cosf4"})
         for (const auto& kernel : entry(name).kernels) {
@@ -89,7 +89,7 @@ TEST(Sincosf4, NanPayload)
 
 // Which path a lane takes depends on the vector; ordinary lanes keep their bits in all of them, and only the
 // arithmetic's own flags are raised.
-TEST(Sincosf4, MixedVectors)
+TEST(SinCosf4, MixedVectors)
 {
     const float above_10000 = std::nextafter(10000.0f, infinity);
     const float above_2_30 = std::nextafter(0x1p30f, infinity);
@@ -117,7 +117,7 @@ TEST(Sincosf4, MixedVectors)
 }
 
 // sin is odd beyond the bound, cos even everywhere; every tier gives the same bits.
-TEST(Sincosf4, SymmetryAndTiers)
+TEST(SinCosf4, SymmetryAndTiers)
 {
     const auto arguments = joined(sample_patterns(0x1p-149f, largest, 8000), neighbours(10000.0f, 50));
     for (std::size_t i = 0; i + 4 <= arguments.size(); i += 4) {
@@ -140,7 +140,7 @@ TEST(Sincosf4, SymmetryAndTiers)
     }
 }
 
-TEST(Sincosf4, Landmarks)
+TEST(SinCosf4, Landmarks)
 {
     for (const auto& kernel : entry("sinf4").kernels) {
         const Result zeros = call(kernel.address, floats(0.0f, -0.0f, 0.0f, -0.0f));
