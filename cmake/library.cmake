@@ -61,7 +61,7 @@ function(tiers_of name result)
         set(${result} A PARENT_SCOPE) # one hidden routine for all kernels
     elseif(ZELK_TARGET STREQUAL x86_64)
         set(${result} A L PARENT_SCOPE)
-    elseif(name MATCHES "f[42]$")
+    elseif(name MATCHES "f4$|^c.+f2$") # erf2 is on double2
         set(${result} J L N PARENT_SCOPE) # A: SSE and x87 only, not built yet
     elseif(name MATCHES "(div|rem)4$")
         set(${result} A J L N PARENT_SCOPE)
@@ -116,6 +116,7 @@ add_custom_target(zelk-export-map DEPENDS ${export_map})
 add_library(zelk SHARED $<TARGET_OBJECTS:zelk-common> ${library_objects})
 add_dependencies(zelk zelk-export-map)
 target_include_directories(zelk PUBLIC include)
+target_compile_options(zelk INTERFACE -msse2) # the lane types need it; 32-bit compilers do not assume it
 target_link_libraries(zelk PRIVATE brava)
 target_link_options(zelk PRIVATE -nostdlib -Wl,-z,defs -Wl,-z,noexecstack -Wl,-Bsymbolic
                                  -Wl,--version-script=${export_map})

@@ -23,20 +23,6 @@
 namespace zelk::test {
 namespace {
 
-std::uint32_t mask_of(char tier)
-{
-    switch (tier) {
-    case 'N':
-        return 0xFFFFE000;
-    case 'L':
-        return 0xFFFFF800;
-    case 'J':
-        return 0xFFFFFE00;
-    default:
-        return 0xFFFFFFFF;
-    }
-}
-
 // A word that is set for the life of the object.
 class Indicator {
 public:
@@ -125,7 +111,7 @@ void expect_tiers_by_level(const Entry& entry)
         for (const char tier : entry.tiers) {
             // i386: J stands in for a tier A that is not built, and is then reached by any bit.
             const bool last = tier == entry.tiers.back();
-            if (!(word & mask_of(tier)) && !last) continue;
+            if (!(word & tier_mask(tier)) && !last) continue;
             expected = tier;
             break;
         }
