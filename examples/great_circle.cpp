@@ -1,8 +1,12 @@
 // Nearest neighbours and farthest places on the globe, from the coordinates of a zone table.
 //
-// Every place becomes a unit vector by the sines and cosines of its latitude and longitude, four at a time
-// with libzelk; then all pairs are compared. The same sines and cosines are computed one at a time with the C
-// library, for speed and for the difference between the two.
+// For every pair of places the great-circle distance by the haversine formula,
+//   h = sin^2((lat2 - lat1)/2) + cos lat1 cos lat2 sin^2((lon2 - lon1)/2),   distance = 2 R asin(sqrt h),
+// and the initial bearing,
+//   atan2(sin(lon2 - lon1) cos lat2, cos lat1 sin lat2 - sin lat1 cos lat2 cos(lon2 - lon1)),
+// four pairs at a time with libzelk. The same loop runs one pair at a time on the C library, for speed and
+// for the difference between the two. In binary32 the formula is good to a few metres for near places and,
+// since asin is steep at 1, to two kilometres or so next to the antipode.
 #include "zone_table.h"
 
 #include <zelk/zelk.h>
@@ -21,101 +25,100 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr double earth_radius_km = 6371.0088;
+constexpr float earth_radius_km = 6371.0088f;
 
-struct Coordinates { // radians; as many elements as places, filled up with zeros to a multiple of four
-    std::vector<float> latitude;
-    std::vector<float> longitude;
-};
-
-struct SinesAndCosines {
-    explicit SinesAndCosines(std::size_t size)
-        : sin_latitude(size), cos_latitude(size), sin_longitude(size), cos_longitude(size)
+// Radians; as many elements as places, filled up with zeros to a multiple of four.
+struct Coordinates {
+    explicit Coordinates(std::size_t size)
+        : latitude(size), longitude(size), sin_latitude(size), cos_latitude(size)
     {
     }
+    std::vector<float> latitude;
+    std::vector<float> longitude;
     std::vector<float> sin_latitude;
     std::vector<float> cos_latitude;
-    std::vector<float> sin_longitude;
-    std::vector<float> cos_longitude;
 };
 
-struct UnitVector {
-    float x;
-    float y;
-    float z;
+// From one place to all others: kilometres, and radians clockwise from north.
+struct Row {
+    explicit Row(std::size_t size) : distance(size), bearing(size) {}
+    std::vector<float> distance;
+    std::vector<float> bearing;
+};
+
+// What the formulas are written in: four floats and libzelk, or one float and the C library.
+struct Zelk {
+    using Lanes = zelk_float4;
+    static constexpr std::size_t lanes = 4;
+    static Lanes load(const float* from) { return _mm_loadu_ps(from); }
+    static void store(float* to, Lanes x) { _mm_storeu_ps(to, x); }
+    static Lanes all(float x) { return _mm_set1_ps(x); }
+    static Lanes at_most_one(Lanes x) { return _mm_min_ps(x, _mm_set1_ps(1)); }
+    static Lanes sin(Lanes x) { return __zelk_sinf4(x); }
+    static Lanes cos(Lanes x) { return __zelk_cosf4(x); }
+    static Lanes sqrt(Lanes x) { return __zelk_sqrtf4(x); }
+    static Lanes asin(Lanes x) { return __zelk_asinf4(x); }
+    static Lanes atan2(Lanes y, Lanes x) { return __zelk_atan2f4(y, x); }
+};
+
+struct Libm {
+    using Lanes = float;
+    static constexpr std::size_t lanes = 1;
+    static Lanes load(const float* from) { return *from; }
+    static void store(float* to, Lanes x) { *to = x; }
+    static Lanes all(float x) { return x; }
+    static Lanes at_most_one(Lanes x) { return std::min(x, 1.0f); }
+    static Lanes sin(Lanes x) { return std::sin(x); }
+    static Lanes cos(Lanes x) { return std::cos(x); }
+    static Lanes sqrt(Lanes x) { return std::sqrt(x); }
+    static Lanes asin(Lanes x) { return std::asin(x); }
+    static Lanes atan2(Lanes y, Lanes x) { return std::atan2(y, x); }
 };
 
 Coordinates in_radians(const std::vector<Place>& places)
 {
-    const std::size_t size = (places.size() + 3) / 4 * 4;
-    Coordinates coordinates{std::vector<float>(size), std::vector<float>(size)};
+    Coordinates all((places.size() + 3) / 4 * 4);
     constexpr double radians_per_degree = std::numbers::pi / 180;
     for (std::size_t i = 0; i < places.size(); ++i) {
-        coordinates.latitude[i] = static_cast<float>(places[i].latitude * radians_per_degree);
-        coordinates.longitude[i] = static_cast<float>(places[i].longitude * radians_per_degree);
+        all.latitude[i] = static_cast<float>(places[i].latitude * radians_per_degree);
+        all.longitude[i] = static_cast<float>(places[i].longitude * radians_per_degree);
     }
-    return coordinates;
+    return all;
 }
-
-// Four elements to a call.
-struct Zelk {
-    static void sines(const std::vector<float>& angles, std::vector<float>& results)
-    {
-        for (std::size_t i = 0; i < angles.size(); i += 4)
-            _mm_storeu_ps(&results[i], __zelk_sinf4(_mm_loadu_ps(&angles[i])));
-    }
-    static void cosines(const std::vector<float>& angles, std::vector<float>& results)
-    {
-        for (std::size_t i = 0; i < angles.size(); i += 4)
-            _mm_storeu_ps(&results[i], __zelk_cosf4(_mm_loadu_ps(&angles[i])));
-    }
-};
-
-// One element to a call.
-struct Libm {
-    static void sines(const std::vector<float>& angles, std::vector<float>& results)
-    {
-        for (std::size_t i = 0; i < angles.size(); ++i)
-            results[i] = std::sin(angles[i]);
-    }
-    static void cosines(const std::vector<float>& angles, std::vector<float>& results)
-    {
-        for (std::size_t i = 0; i < angles.size(); ++i)
-            results[i] = std::cos(angles[i]);
-    }
-};
 
 template <class Math>
-[[gnu::noinline]] void compute(const Coordinates& coordinates, SinesAndCosines& results)
+[[gnu::noinline]] void prepare(Coordinates& all)
 {
-    Math::sines(coordinates.latitude, results.sin_latitude);
-    Math::cosines(coordinates.latitude, results.cos_latitude);
-    Math::sines(coordinates.longitude, results.sin_longitude);
-    Math::cosines(coordinates.longitude, results.cos_longitude);
+    for (std::size_t i = 0; i < all.latitude.size(); i += Math::lanes) {
+        Math::store(&all.sin_latitude[i], Math::sin(Math::load(&all.latitude[i])));
+        Math::store(&all.cos_latitude[i], Math::cos(Math::load(&all.latitude[i])));
+    }
 }
 
-std::vector<UnitVector> unit_vectors(const SinesAndCosines& angles, std::size_t count)
+template <class Math>
+[[gnu::noinline]] void measure_from(std::size_t place, const Coordinates& all, Row& row)
 {
-    std::vector<UnitVector> vectors(count);
-    for (std::size_t i = 0; i < count; ++i)
-        vectors[i] = {angles.cos_latitude[i] * angles.cos_longitude[i],
-                      angles.cos_latitude[i] * angles.sin_longitude[i], angles.sin_latitude[i]};
-    return vectors;
-}
+    const auto latitude = Math::all(all.latitude[place]);
+    const auto longitude = Math::all(all.longitude[place]);
+    const auto sin_latitude = Math::all(all.sin_latitude[place]);
+    const auto cos_latitude = Math::all(all.cos_latitude[place]);
+    const auto half = Math::all(0.5f);
+    for (std::size_t i = 0; i < all.latitude.size(); i += Math::lanes) {
+        const auto sin_other = Math::load(&all.sin_latitude[i]);
+        const auto cos_other = Math::load(&all.cos_latitude[i]);
+        const auto east = Math::load(&all.longitude[i]) - longitude;
 
-// |u - v|^2, and with sign = -1 |u + v|^2: the chord to v and to its antipode. Near 0 both are accurate.
-float squared_chord(const UnitVector& u, const UnitVector& v, float sign = 1)
-{
-    const float x = u.x - sign * v.x;
-    const float y = u.y - sign * v.y;
-    const float z = u.z - sign * v.z;
-    return x * x + y * y + z * z;
-}
+        const auto sin_half_north = Math::sin((Math::load(&all.latitude[i]) - latitude) * half);
+        const auto sin_half_east = Math::sin(east * half);
+        const auto h =
+            sin_half_north * sin_half_north + cos_latitude * cos_other * (sin_half_east * sin_half_east);
+        const auto angle = Math::asin(Math::sqrt(Math::at_most_one(h)));
+        Math::store(&row.distance[i], Math::all(2 * earth_radius_km) * angle);
 
-double distance_km(const UnitVector& u, const UnitVector& v)
-{
-    return earth_radius_km * 2 *
-           std::atan2(std::sqrt(double{squared_chord(u, v)}), std::sqrt(double{squared_chord(u, v, -1)}));
+        const auto y = Math::sin(east) * cos_other;
+        const auto x = cos_latitude * sin_other - sin_latitude * cos_other * Math::cos(east);
+        Math::store(&row.bearing[i], Math::atan2(y, x));
+    }
 }
 
 struct Extremes {
@@ -123,89 +126,88 @@ struct Extremes {
     std::size_t farthest;
 };
 
-std::vector<Extremes> compare_all_pairs(const std::vector<UnitVector>& vectors)
+Extremes extremes_of(const Row& row, std::size_t place, std::size_t count)
 {
-    std::vector<Extremes> extremes(vectors.size());
-    for (std::size_t i = 0; i < vectors.size(); ++i) {
-        float nearest = 8;
-        float nearest_to_antipode = 8;
-        for (std::size_t j = 0; j < vectors.size(); ++j) {
-            if (j == i) continue;
-            const float chord = squared_chord(vectors[i], vectors[j]);
-            const float chord_to_antipode = squared_chord(vectors[i], vectors[j], -1);
-            if (chord < nearest) {
-                nearest = chord;
-                extremes[i].nearest = j;
-            }
-            if (chord_to_antipode < nearest_to_antipode) {
-                nearest_to_antipode = chord_to_antipode;
-                extremes[i].farthest = j;
-            }
-        }
+    Extremes extremes{place == 0 ? std::size_t{1} : 0, place == 0 ? std::size_t{1} : 0};
+    for (std::size_t i = 0; i < count; ++i) {
+        if (i == place) continue;
+        if (row.distance[i] < row.distance[extremes.nearest]) extremes.nearest = i;
+        if (row.distance[i] > row.distance[extremes.farthest]) extremes.farthest = i;
     }
     return extremes;
 }
 
-// Seconds for one pass over all coordinates, from a number of passes short enough to escape interruption.
 template <class Math>
-double seconds_per_pass(const Coordinates& coordinates, SinesAndCosines& results)
+double seconds_for_all_pairs(Coordinates& all, Row& row, std::size_t count)
 {
-    constexpr int passes = 50;
     const auto start = Clock::now();
-    for (int i = 0; i < passes; ++i)
-        compute<Math>(coordinates, results);
-    return std::chrono::duration<double>(Clock::now() - start).count() / passes;
+    prepare<Math>(all);
+    for (std::size_t place = 0; place < count; ++place)
+        measure_from<Math>(place, all, row);
+    return std::chrono::duration<double>(Clock::now() - start).count();
 }
 
+// The largest difference between the two, over all pairs.
 struct Difference {
-    float absolute = 0;
-    float ulp = 0;
+    float distance = 0;
+    float bearing = 0;
 
-    void include(const std::vector<float>& values, const std::vector<float>& references)
+    void include(const Row& zelk, const Row& libm, std::size_t place, std::size_t count)
     {
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            const float difference = std::fabs(values[i] - references[i]);
-            const float magnitude = std::fabs(references[i]);
-            absolute = std::max(absolute, difference);
-            ulp = std::max(ulp, difference / (std::nextafter(magnitude, 2.0f) - magnitude));
+        for (std::size_t i = 0; i < count; ++i) {
+            if (i == place) continue;
+            distance = std::max(distance, std::fabs(zelk.distance[i] - libm.distance[i]));
+            const float turn = std::fabs(zelk.bearing[i] - libm.bearing[i]);
+            bearing = std::max(bearing, std::min(turn, std::fabs(2 * std::numbers::pi_v<float> - turn)));
         }
     }
 };
 
-void report_speed(const Coordinates& coordinates, SinesAndCosines& zelk)
+void report_speed(Coordinates& all, std::size_t count)
 {
-    SinesAndCosines libm(coordinates.latitude.size());
+    Row zelk_row(all.latitude.size());
+    Row libm_row(all.latitude.size());
     double zelk_seconds = HUGE_VAL;
     double libm_seconds = HUGE_VAL;
     int rounds = 0;
-    const auto end = Clock::now() + std::chrono::milliseconds(400);
-    for (; Clock::now() < end; ++rounds) {
-        zelk_seconds = std::min(zelk_seconds, seconds_per_pass<Zelk>(coordinates, zelk));
-        libm_seconds = std::min(libm_seconds, seconds_per_pass<Libm>(coordinates, libm));
+    const auto end = Clock::now() + std::chrono::milliseconds(600);
+    for (; Clock::now() < end || rounds < 3; ++rounds) {
+        zelk_seconds = std::min(zelk_seconds, seconds_for_all_pairs<Zelk>(all, zelk_row, count));
+        libm_seconds = std::min(libm_seconds, seconds_for_all_pairs<Libm>(all, libm_row, count));
     }
-    const auto elements = static_cast<double>(4 * coordinates.latitude.size());
-    std::printf("\nsines and cosines of all coordinates, %.0f elements a pass, best of %d rounds\n", elements,
+    const auto pairs = static_cast<double>(count) * static_cast<double>(all.latitude.size());
+    std::printf("\ndistance and bearing of %.0f pairs, seven functions each, best of %d rounds\n", pairs,
                 rounds);
-    std::printf("  libzelk  %8.1f million elements per second\n", elements / zelk_seconds * 1e-6);
-    std::printf("  libm     %8.1f million elements per second\n", elements / libm_seconds * 1e-6);
+    std::printf("  libzelk  %8.1f million pairs per second\n", pairs / zelk_seconds * 1e-6);
+    std::printf("  libm     %8.1f million pairs per second\n", pairs / libm_seconds * 1e-6);
     std::printf("  libzelk is %.2f times as fast\n", libm_seconds / zelk_seconds);
 
     Difference difference;
-    difference.include(zelk.sin_latitude, libm.sin_latitude);
-    difference.include(zelk.cos_latitude, libm.cos_latitude);
-    difference.include(zelk.sin_longitude, libm.sin_longitude);
-    difference.include(zelk.cos_longitude, libm.cos_longitude);
-    std::printf("  largest difference between the two: %.3g, in units in the last place: %.3g\n",
-                double{difference.absolute}, double{difference.ulp});
+    Coordinates libm_all = all;
+    prepare<Zelk>(all);
+    prepare<Libm>(libm_all);
+    for (std::size_t place = 0; place < count; ++place) {
+        measure_from<Zelk>(place, all, zelk_row);
+        measure_from<Libm>(place, libm_all, libm_row);
+        difference.include(zelk_row, libm_row, place, count);
+    }
+    std::printf("  largest difference between the two: %.3g km, %.3g radians\n", double{difference.distance},
+                double{difference.bearing});
 }
 
-void print_place(const ZoneTable& table, const std::vector<UnitVector>& vectors,
-                 const std::vector<Extremes>& extremes, std::size_t i)
+double compass_degrees(float bearing)
 {
-    const auto [nearest, farthest] = extremes[i];
-    std::printf("%-20s  %-22s %6.0f km    %-22s %6.0f km\n", table.places[i].name.c_str(),
-                table.places[nearest].name.c_str(), distance_km(vectors[i], vectors[nearest]),
-                table.places[farthest].name.c_str(), distance_km(vectors[i], vectors[farthest]));
+    const double degrees = double{bearing} * 180 / std::numbers::pi;
+    return degrees < 0 ? degrees + 360 : degrees;
+}
+
+void print_place(const ZoneTable& table, const Row& row, std::size_t i)
+{
+    const auto [nearest, farthest] = extremes_of(row, i, table.places.size());
+    std::printf("%-20s  %-22s %6.0f km %4.0f deg    %-22s %6.0f km %4.0f deg\n", table.places[i].name.c_str(),
+                table.places[nearest].name.c_str(), double{row.distance[nearest]},
+                compass_degrees(row.bearing[nearest]), table.places[farthest].name.c_str(),
+                double{row.distance[farthest]}, compass_degrees(row.bearing[farthest]));
 }
 
 } // namespace
@@ -236,14 +238,13 @@ int main(int argc, char** argv)
                   "Australia/Sydney", "Pacific/Auckland", "Pacific/Honolulu", "America/Los_Angeles",
                   "America/New_York", "America/Sao_Paulo"};
 
-    const Coordinates coordinates = in_radians(table.places);
-    SinesAndCosines angles(coordinates.latitude.size());
-    compute<Zelk>(coordinates, angles);
-    const std::vector<UnitVector> vectors = unit_vectors(angles, table.places.size());
-    const std::vector<Extremes> extremes = compare_all_pairs(vectors);
+    Coordinates all = in_radians(table.places);
+    prepare<Zelk>(all);
 
-    std::printf("%zu places, %zu pairs\n\n%-20s  %-22s %9s    %-22s %9s\n", vectors.size(),
-                vectors.size() * (vectors.size() - 1) / 2, "place", "nearest", "", "farthest", "");
+    const std::size_t count = table.places.size();
+    std::printf("%zu places, %zu pairs; distance and initial bearing\n\n", count, count * (count - 1) / 2);
+    std::printf("%-20s  %-41s    %s\n", "place", "nearest", "farthest");
+    Row row(all.latitude.size());
     int status = 0;
     for (const std::string_view name : wanted) {
         const auto place = std::ranges::find(table.places, name, &Place::name);
@@ -253,8 +254,10 @@ int main(int argc, char** argv)
             status = 1;
             continue;
         }
-        print_place(table, vectors, extremes, static_cast<std::size_t>(place - table.places.begin()));
+        const auto i = static_cast<std::size_t>(place - table.places.begin());
+        measure_from<Zelk>(i, all, row);
+        print_place(table, row, i);
     }
-    report_speed(coordinates, angles);
+    report_speed(all, count);
     return status;
 }

@@ -7,6 +7,10 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 {
     scripts/install-packages.sh
     cmake --preset x86_64
-    cmake --build --preset x86_64 --target great_circle --parallel "$(nproc)"
+    cmake --build --preset x86_64 --target great_circle decay --parallel "$(nproc)"
 } >&2
-exec build/x86_64/bin/great_circle examples/data/zone1970.tab
+echo "== great circles: sine, cosine, square root, arc sine, arc tangent"
+build/x86_64/bin/great_circle examples/data/zone1970.tab
+echo
+echo "== radioactive decay: e^x and logarithm"
+build/x86_64/bin/decay examples/data/half_lives.csv

@@ -5,7 +5,7 @@
 set -euo pipefail
 
 packages=(g++ g++-multilib binutils cmake ninja-build ccache git googletest libbenchmark-dev libgmp-dev libmpc-dev
-          libmpfr-dev)
+          libmpfr-dev sollya)
 if [ "${1:-}" = i386 ]; then
     packages+=(libgmp-dev:i386 libmpc-dev:i386 libmpfr-dev:i386)
 fi

@@ -1,4 +1,5 @@
-// The example program: distances known in closed form, broken rows, and the table that comes with it.
+// The example program: distances and bearings known in closed form, broken rows, and the table that comes
+// with it.
 #include "program.h"
 
 #include <gtest/gtest.h>
@@ -15,9 +16,10 @@ TEST(GreatCircle, KnownDistancesBesideBrokenRows)
     const Outcome outcome = run(program + ' ' + table + " Sea/Null Sea/East");
     EXPECT_EQ(outcome.status, 0);
     const std::string out = squeezed(outcome.out);
-    EXPECT_NE(out.find("5 places, 10 pairs\n"), std::string::npos) << out;
-    EXPECT_NE(out.find("\nSea/Null Sea/Near 167 km Sea/Anti 20015 km\n"), std::string::npos) << out;
-    EXPECT_NE(out.find("\nSea/East Sea/Null 8896 km Sea/Anti 11120 km\n"), std::string::npos) << out;
+    EXPECT_NE(out.find("5 places, 10 pairs;"), std::string::npos) << out;
+    EXPECT_NE(out.find("\nSea/Null Sea/Near 167 km 0 deg Sea/Anti 20015 km "), std::string::npos) << out;
+    EXPECT_NE(out.find("\nSea/East Sea/Null 8896 km 270 deg Sea/Anti 11120 km 90 deg\n"), std::string::npos)
+        << out;
 
     std::string lines;
     for (std::size_t at = outcome.err.find(table + ':'); at != std::string::npos;
