@@ -17,9 +17,9 @@ static inline double interval_polynomial(const tables::TanInterval& interval, do
 }
 
 // tan x for |x| >= 2^-9, within 0.6 ulp.
-// Method: x = part pi/2 + r exactly; |r| = m pi/64 + u. Even parts: tan r = tan(m pi/64 + u). Odd parts: -cot
-// r =
-// -(1/r - g(m pi/64 + u)), g regular. Both functions by a series in u round a value that is kept as a pair.
+// Method: x = part pi/2 + r exactly; |r| = m pi/64 + u. Even parts: tan r = tan(m pi/64 + u). Odd parts:
+// -cot r = -(1/r - g(m pi/64 + u)), g regular. Both functions by a series in u round a value that is kept as
+// a pair.
 [[maybe_unused, gnu::noinline]] static double __static_scalar_tan(double x)
 {
     const auto pattern = __builtin_bit_cast(std::uint64_t, x);

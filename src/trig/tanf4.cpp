@@ -54,7 +54,7 @@ ZELK_INLINE float4 tangent_quotient(const TanReducedf4& reduced, const Tanf4& c)
     return as_float4(as_int4(quotient) ^ reduced.sign ^ (reduced.k << 31));
 }
 
-// Any finite magnitude.
+// Every lane reduced from |x|.
 ZELK_INLINE float4 tangent_of_quadrant(float4 x, const QuadrantReducedf4& reduced, const Tanf4& c)
 {
     return tangent_quotient({reduced.r, reduced.r * reduced.r, as_int4(x) & c.MMISIGNMASK, reduced.quadrant},
