@@ -28,7 +28,7 @@ zelk_float4 __zelk_exp2f4(zelk_float4 x);
 /* ln x on four binary32 lanes.
  * Error: 1.08 ulp; 1.02 on [1/2, 2], 1.04 for subnormal x.
  * Special: +-0 gives -inf, a negative x (-inf too) the NaN 0xFFFFFFFF, +inf gives +inf, a NaN the quieted NaN; ln 1 is
- * +0. Only a signalling NaN raises invalid; zeros and negative arguments raise nothing.
+ * +0 (-0 rounding down). Only a signalling NaN raises invalid; zeros and negative arguments raise nothing.
  * Method: x = 2^e y with y next to 1, odd series in (y - 1)/(y + 1). */
 zelk_float4 __zelk_logf4(zelk_float4 x);
 
@@ -84,7 +84,7 @@ zelk_double2 __zelk_exp22(zelk_double2 x);
 /* Double precision logarithms. The final 2 is the number of lanes: __zelk_log2 is ln x, __zelk_log22 is the logarithm
  * to base 2, __zelk_log102 to base 10.
  * Special, in all three: +infinity gives +infinity, either zero -infinity; every x < 0 and every NaN gives the NaN
- * 0xFFFFFFFFFFFFFFFF. None of these raises a flag. The logarithm of 1 is +0. */
+ * 0xFFFFFFFFFFFFFFFF. None of these raises a flag. In round to nearest the logarithm of 1 is +0. */
 
 /* ln x on two binary64 lanes, x > 0.
  * Error: tier A 0.534 ulp, 0.745 for subnormal x; the others 0.508.

@@ -1,7 +1,6 @@
 // arcsin x on two binary64 lanes.
 // Method: |x| < 1/2: a degree-27 odd polynomial. Above: pi/2 - 2 arcsin sqrt((1 - |x|)/2), the same
-// polynomial;
-// +-1 apart. Outside [-1, 1] the root of the negative number gives the NaN and raises invalid.
+// polynomial; +-1 apart. Outside [-1, 1] the root of the negative number gives the NaN and raises invalid.
 #include "invtrig/asin2.h"
 #include "dispatch/kernels.h"
 #include "tables/asin2.h"

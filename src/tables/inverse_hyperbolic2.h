@@ -17,13 +17,13 @@ struct InverseHyperbolic2 {
     int4 i1023;           // exponent bias
     long2 iMantissaMask;  // the fraction field
     long2 iExponentOfOne; // exponent field of [1, 2)
-    long2 iSqrt2Addition; // carries out of a fraction that stands for sqrt 2 or more
+    long2 iSqrt2Addition; // carries from the fraction of 1.4142131805 on, just below sqrt 2
     long2 iSqrt2Mask;     // the carry
     double2 dbOne;
     double2 dbTwo;
     double2 dbHalf;
     double2 dbLn2;
-    double2 dbLn2Hi; // ln 2 in two parts, the first of 33 significant bits
+    double2 dbLn2Hi; // ln 2 in two parts, the first of 32 significant bits
     double2 dbLn2Lo;
     double2 dbLg1; // ln(1+f) = f - s (f - R), s = f/(2+f), R = Lg1 s^2 + ... + Lg7 s^14
     double2 dbLg2;

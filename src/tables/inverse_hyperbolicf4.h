@@ -16,7 +16,7 @@ struct InverseHyperbolicf4 {
     int4 s_dwHugeArg;        // 1e19: from here on y = |x|, and ln 2 is added
     int4 s_dwBias;           // exponent bias
     int4 s_dwSgnfMask;       // the fraction field
-    int4 s_dwSqrt2Addition;  // carries out of a fraction that stands for sqrt 2 or more
+    int4 s_dwSqrt2Addition;  // carries from the fraction of 1.4142131805 on, just below sqrt 2
     int4 s_dwSqrt2Mask;      // the carry
     float4 s_fOne;
     float4 s_fTwo;
