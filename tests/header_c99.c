@@ -1,5 +1,5 @@
-/* The public headers in plain C99: a vector call, and the inline functions with two results among live variables that
- * the call must leave alone. */
+/* The public headers in plain C99: a vector call, and the inline functions with two results among live
+ * variables that the call must leave alone. */
 #include "zelk/zelk.h"
 
 static int lane(zelk_int4 v)
@@ -7,7 +7,7 @@ static int lane(zelk_int4 v)
     return _mm_cvtsi128_si32(v);
 }
 
-static int divide(int a, int b, int *remainder)
+static int divide(int a, int b, int* remainder)
 {
     /* A leaf function: its variables may lie in the red zone below the stack pointer. */
     volatile int kept[8] = {a, b, 3, 4, 5, 6, 7, 8};

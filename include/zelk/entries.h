@@ -1,18 +1,21 @@
-/* The other names of every function: its masked entry, its alias with the masked twin, and its kernels, one per tier.
+/* The other names of every function: its masked entry, its alias with the masked twin, and its kernels, one
+ * per tier.
  *
- * Masked entries take a lane mask after the last argument: a lane of all ones is active, a lane of zeros is not, and has
- * the lanes of the first argument (for complex functions four: real and imaginary parts separately). Inactive lanes are
- * computed at a value inside the function's domain, whatever they hold, so that a call raises only what its active lanes
- * raise. With no active lane there is no call; the result is then the argument as it is, or with its inactive lanes
- * replaced (docs/numerics.md).
+ * Masked entries take a lane mask after the last argument: a lane of all ones is active, a lane of zeros is
+ * not, and has the lanes of the first argument (for complex functions four: real and imaginary parts
+ * separately). Inactive lanes are computed at a value inside the function's domain, whatever they hold, so
+ * that a call raises only what its active lanes raise. With no active lane there is no call; the result is
+ * then the argument as it is, or with its inactive lanes replaced (docs/numerics.md).
  *
  * Aliases are the same function under the name of the vector-math interface.
  *
- * A kernel is the function for one instruction-set tier, for callers that know their processor. Its exported name ends in
- * a point and the tier letter, which C cannot write: __zelk_sinf4_L is the exported __zelk_sinf4.L. x86-64 has the tiers A
- * (SSE2) and L (SSE3), 32-bit x86 besides J (SSE2) and N (SSE4.1). A kernel above what the processor offers traps.
+ * A kernel is the function for one instruction-set tier, for callers that know their processor. Its exported
+ * name ends in a point and the tier letter, which C cannot write: __zelk_sinf4_L is the exported
+ * __zelk_sinf4.L. x86-64 has the tiers A (SSE2) and L (SSE3), 32-bit x86 besides J (SSE2) and N (SSE4.1). A
+ * kernel above what the processor offers traps.
  *
- * One line per function here; the functions themselves are declared and described in the headers of their families. */
+ * One line per function here; the functions themselves are declared and described in the headers of their
+ * families. */
 #ifndef ZELK_ENTRIES_H
 #define ZELK_ENTRIES_H
 
@@ -20,15 +23,16 @@
 
 ZELK_BEGIN_DECLARATIONS
 
-/* Argument lists of functions of one and two arguments, without and with a mask; of those that store a second result. */
+/* Argument lists of functions of one and two arguments, without and with a mask; of those that store a second
+ * result. */
 #define ZELK_ARGUMENTS_1(T) (T x)
 #define ZELK_ARGUMENTS_2(T) (T x, T y)
 #define ZELK_MASKED_ARGUMENTS_1(T) (T x, T mask)
 #define ZELK_MASKED_ARGUMENTS_2(T) (T x, T y, T mask)
-#define ZELK_POINTER_ARGUMENTS_1(T) (T x, T* second)
-#define ZELK_POINTER_ARGUMENTS_2(T) (T x, T y, T* second)
-#define ZELK_MASKED_POINTER_ARGUMENTS_1(T) (T x, T mask, T* second)
-#define ZELK_MASKED_POINTER_ARGUMENTS_2(T) (T x, T y, T mask, T* second)
+#define ZELK_POINTER_ARGUMENTS_1(T) (T x, T * second)
+#define ZELK_POINTER_ARGUMENTS_2(T) (T x, T y, T * second)
+#define ZELK_MASKED_POINTER_ARGUMENTS_1(T) (T x, T mask, T * second)
+#define ZELK_MASKED_POINTER_ARGUMENTS_2(T) (T x, T y, T mask, T * second)
 
 #define ZELK_KERNEL(T, symbol, tier, arguments) T symbol##_##tier arguments __asm__(#symbol "." #tier);
 #if defined(__x86_64__)
@@ -68,8 +72,8 @@ ZELK_BEGIN_DECLARATIONS
     ZELK_FUNCTION(n, lanes, symbol)                                                                          \
     zelk_##lanes alias ZELK_ARGUMENTS_##n(zelk_##lanes);                                                     \
     zelk_##lanes alias##Mask ZELK_MASKED_ARGUMENTS_##n(zelk_##lanes);
-/* A function that stores its second result, 16 bytes at a 16-byte-aligned address. Its masked entry stores nothing when
- * no lane is active. */
+/* A function that stores its second result, 16 bytes at a 16-byte-aligned address. Its masked entry stores
+ * nothing when no lane is active. */
 #define ZELK_STORING(n, lanes, symbol)                                                                       \
     zelk_##lanes symbol##Mask ZELK_MASKED_POINTER_ARGUMENTS_##n(zelk_##lanes);                               \
     ZELK_KERNELS_##lanes(symbol, ZELK_POINTER_ARGUMENTS_##n(zelk_##lanes))

@@ -6,12 +6,12 @@
  *
  * with -O2 -fopenmp-simd, or the plain loop with -O3. Link with libzelk_simd and libzelk.
  *
- * A scalar call computes the vector entry with its argument in every lane, so the elements left over from the last whole
- * vector have the bits that a vector of such arguments has. Errors and special arguments stand with the entry: zelk_expf
- * is __zelk_expf4, zelk_exp is __zelk_exp2. Names follow <math.h>.
+ * A scalar call computes the vector entry with its argument in every lane, so the elements left over from the
+ * last whole vector have the bits that a vector of such arguments has. Errors and special arguments stand
+ * with the entry: zelk_expf is __zelk_expf4, zelk_exp is __zelk_exp2. Names follow <math.h>.
  *
- * The functions are declared without side effects, as loops of vector calls need it: a compiler may move or drop a call
- * whose result is not used, and with it the exception flags that it would raise. */
+ * The functions are declared without side effects, as loops of vector calls need it: a compiler may move or
+ * drop a call whose result is not used, and with it the exception flags that it would raise. */
 #ifndef ZELK_VECTORIZE_H
 #define ZELK_VECTORIZE_H
 
@@ -19,7 +19,8 @@
 
 ZELK_BEGIN_DECLARATIONS
 
-/* GCC's attribute says what `#pragma omp declare simd notinbranch` says, without asking for an OpenMP option. */
+/* GCC's attribute says what `#pragma omp declare simd notinbranch` says, without asking for an OpenMP option.
+ */
 #if defined(__GNUC__) && !defined(__clang__)
 #define ZELK_VECTOR_FORMS __attribute__((__simd__("notinbranch"), __const__, __nothrow__))
 #else
