@@ -5,12 +5,14 @@
 #ifndef ZELK_ZELK_H
 #define ZELK_ZELK_H
 
+#include "zelk/entries.h"
 #include "zelk/explog.h"
 #include "zelk/hyperbolic.h"
 #include "zelk/invtrig.h"
 #include "zelk/roots_erf.h"
 #include "zelk/rounding_intdiv.h"
 #include "zelk/trig.h"
+#include "zelk/two_results.h"
 #include "zelk/types.h"
 
 #endif
