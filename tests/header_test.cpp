@@ -108,10 +108,10 @@ TEST(Header, DeclaresEveryNameOfTheLibrary)
 {
     std::set<std::string> names;
     for (const auto& [name, address] : declarations) {
-        EXPECT_EQ(address, zelk::test::exported(name)) << name;
+        EXPECT_EQ(address, zelk::exported(name)) << name;
         names.insert(name);
     }
-    for (const std::string& name : zelk::test::listed_exports()) {
+    for (const std::string& name : zelk::listed_exports()) {
         const bool scalar_kernel = name.find("_scalar.") != std::string::npos;
         EXPECT_TRUE(names.count(name) || scalar_kernel) << name;
     }

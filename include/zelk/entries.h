@@ -120,32 +120,32 @@ ZELK_ALIASED(1, double2, __zelk_log102, ropdLog102)
 ZELK_ALIASED(2, double2, __zelk_pow2, ropdPow2)
 
 /* Arc sine and arc cosine. */
-/* ZELK_ALIASED(1, float4, __zelk_acosf4, ropsAcos4) */
-/* ZELK_ALIASED(1, double2, __zelk_acos2, ropdAcos2) */
-/* ZELK_ALIASED(1, float4, __zelk_asinf4, ropsAsin4) */
-/* ZELK_ALIASED(1, double2, __zelk_asin2, ropdAsin2) */
+ZELK_ALIASED(1, float4, __zelk_acosf4, ropsAcos4)
+ZELK_ALIASED(1, double2, __zelk_acos2, ropdAcos2)
+ZELK_ALIASED(1, float4, __zelk_asinf4, ropsAsin4)
+ZELK_ALIASED(1, double2, __zelk_asin2, ropdAsin2)
 
 /* Arc tangent. */
-/* ZELK_ALIASED(1, float4, __zelk_atanf4, ropsAtan4) */
-/* ZELK_ALIASED(1, double2, __zelk_atan2, ropdAtan2) */
-/* ZELK_ALIASED(2, float4, __zelk_atan2f4, ropsAtan24) */
-/* ZELK_ALIASED(2, double2, __zelk_atan22, ropdAtan22) */
+ZELK_ALIASED(1, float4, __zelk_atanf4, ropsAtan4)
+ZELK_ALIASED(1, double2, __zelk_atan2, ropdAtan2)
+ZELK_ALIASED(2, float4, __zelk_atan2f4, ropsAtan24)
+ZELK_ALIASED(2, double2, __zelk_atan22, ropdAtan22)
 
 /* sinh, cosh, tanh. */
-/* ZELK_ALIASED(1, float4, __zelk_sinhf4, ropsSinh4) */
-/* ZELK_ALIASED(1, double2, __zelk_sinh2, ropdSinh2) */
-/* ZELK_ALIASED(1, float4, __zelk_coshf4, ropsCosh4) */
-/* ZELK_ALIASED(1, double2, __zelk_cosh2, ropdCosh2) */
-/* ZELK_ALIASED(1, float4, __zelk_tanhf4, ropsTanh4) */
-/* ZELK_ALIASED(1, double2, __zelk_tanh2, ropdTanh2) */
+ZELK_ALIASED(1, float4, __zelk_sinhf4, ropsSinh4)
+ZELK_ALIASED(1, double2, __zelk_sinh2, ropdSinh2)
+ZELK_ALIASED(1, float4, __zelk_coshf4, ropsCosh4)
+ZELK_ALIASED(1, double2, __zelk_cosh2, ropdCosh2)
+ZELK_ALIASED(1, float4, __zelk_tanhf4, ropsTanh4)
+ZELK_ALIASED(1, double2, __zelk_tanh2, ropdTanh2)
 
 /* asinh, acosh, atanh. */
-/* ZELK_ALIASED(1, float4, __zelk_asinhf4, ropsAsinh4) */
-/* ZELK_ALIASED(1, double2, __zelk_asinh2, ropdAsinh2) */
-/* ZELK_ALIASED(1, float4, __zelk_acoshf4, ropsAcosh4) */
-/* ZELK_ALIASED(1, double2, __zelk_acosh2, ropdAcosh2) */
-/* ZELK_ALIASED(1, float4, __zelk_atanhf4, ropsAtanh4) */
-/* ZELK_ALIASED(1, double2, __zelk_atanh2, ropdAtanh2) */
+ZELK_ALIASED(1, float4, __zelk_asinhf4, ropsAsinh4)
+ZELK_ALIASED(1, double2, __zelk_asinh2, ropdAsinh2)
+ZELK_ALIASED(1, float4, __zelk_acoshf4, ropsAcosh4)
+ZELK_ALIASED(1, double2, __zelk_acosh2, ropdAcosh2)
+ZELK_ALIASED(1, float4, __zelk_atanhf4, ropsAtanh4)
+ZELK_ALIASED(1, double2, __zelk_atanh2, ropdAtanh2)
 
 /* Square roots. */
 ZELK_ALIASED(1, float4, __zelk_sqrtf4, ropsSqrt4)

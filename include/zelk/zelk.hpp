@@ -161,18 +161,18 @@ inline constexpr detail::Unary<__zelk_log10f4, __zelk_log10f4_mask, __zelk_log10
 inline constexpr detail::Binary<__zelk_powf4, __zelk_powf4_mask, __zelk_pow2, __zelk_pow2_mask> pow{};
 
 // Lines in comments are functions still to be written.
-//inline constexpr detail::Unary<__zelk_asinf4, __zelk_asinf4_mask, __zelk_asin2, __zelk_asin2_mask> asin{};
-//inline constexpr detail::Unary<__zelk_acosf4, __zelk_acosf4_mask, __zelk_acos2, __zelk_acos2_mask> acos{};
-//inline constexpr detail::Unary<__zelk_atanf4, __zelk_atanf4_mask, __zelk_atan2, __zelk_atan2_mask> atan{};
+inline constexpr detail::Unary<__zelk_asinf4, __zelk_asinf4_mask, __zelk_asin2, __zelk_asin2_mask> asin{};
+inline constexpr detail::Unary<__zelk_acosf4, __zelk_acosf4_mask, __zelk_acos2, __zelk_acos2_mask> acos{};
+inline constexpr detail::Unary<__zelk_atanf4, __zelk_atanf4_mask, __zelk_atan2, __zelk_atan2_mask> atan{};
 // atan2(y, x)
-//inline constexpr detail::Binary<__zelk_atan2f4, __zelk_atan2f4_mask, __zelk_atan22, __zelk_atan22_mask> atan2{};
+inline constexpr detail::Binary<__zelk_atan2f4, __zelk_atan2f4_mask, __zelk_atan22, __zelk_atan22_mask> atan2{};
 
-//inline constexpr detail::Unary<__zelk_sinhf4, __zelk_sinhf4_mask, __zelk_sinh2, __zelk_sinh2_mask> sinh{};
-//inline constexpr detail::Unary<__zelk_coshf4, __zelk_coshf4_mask, __zelk_cosh2, __zelk_cosh2_mask> cosh{};
-//inline constexpr detail::Unary<__zelk_tanhf4, __zelk_tanhf4_mask, __zelk_tanh2, __zelk_tanh2_mask> tanh{};
-//inline constexpr detail::Unary<__zelk_asinhf4, __zelk_asinhf4_mask, __zelk_asinh2, __zelk_asinh2_mask> asinh{};
-//inline constexpr detail::Unary<__zelk_acoshf4, __zelk_acoshf4_mask, __zelk_acosh2, __zelk_acosh2_mask> acosh{};
-//inline constexpr detail::Unary<__zelk_atanhf4, __zelk_atanhf4_mask, __zelk_atanh2, __zelk_atanh2_mask> atanh{};
+inline constexpr detail::Unary<__zelk_sinhf4, __zelk_sinhf4_mask, __zelk_sinh2, __zelk_sinh2_mask> sinh{};
+inline constexpr detail::Unary<__zelk_coshf4, __zelk_coshf4_mask, __zelk_cosh2, __zelk_cosh2_mask> cosh{};
+inline constexpr detail::Unary<__zelk_tanhf4, __zelk_tanhf4_mask, __zelk_tanh2, __zelk_tanh2_mask> tanh{};
+inline constexpr detail::Unary<__zelk_asinhf4, __zelk_asinhf4_mask, __zelk_asinh2, __zelk_asinh2_mask> asinh{};
+inline constexpr detail::Unary<__zelk_acoshf4, __zelk_acoshf4_mask, __zelk_acosh2, __zelk_acosh2_mask> acosh{};
+inline constexpr detail::Unary<__zelk_atanhf4, __zelk_atanhf4_mask, __zelk_atanh2, __zelk_atanh2_mask> atanh{};
 
 inline constexpr detail::Unary<__zelk_sqrtf4, __zelk_sqrtf4_mask, __zelk_sqrt2, __zelk_sqrt2_mask> sqrt{};
 inline constexpr detail::Unary<__zelk_cbrtf4, __zelk_cbrtf4_mask, __zelk_cbrt2, __zelk_cbrt2_mask> cbrt{};
