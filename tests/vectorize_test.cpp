@@ -142,10 +142,27 @@ bool supported(int variant)
     return true;
 }
 
-// Every length has its rest; the loop has the bits of the scalar calls, in place, too.
+// The bits of element i where its group of lanes is computed by one call: a few functions hand a whole vector
+// over to another path when one of its lanes needs it.
+template <class T>
+T in_its_group(const Function<T>& function, const T* x, int i)
+{
+    constexpr int lanes = 16 / sizeof(T);
+    Vec128 group;
+    std::memcpy(static_cast<void*>(&group), x + i / lanes * lanes, sizeof group);
+    group = call(entry(function.entry).address, group, group, {}, nullptr).first;
+    T element;
+    std::memcpy(&element,
+                reinterpret_cast<const char*>(&group) + sizeof(T) * static_cast<std::size_t>(i % lanes),
+                sizeof element);
+    return element;
+}
+
+// Every length has its rest; the loop has the bits of the scalar calls or of the vector entry, in place, too.
 template <class T>
 void check_loops(const Function<T>& function)
 {
+    const auto same = [](const T& a, const T& b) { return std::memcmp(&a, &b, sizeof(T)) == 0; };
     for (int variant = 0; variant < 3; ++variant) {
         if (!supported(variant)) continue;
         for (int n = 0; n <= 37; ++n) {
@@ -157,7 +174,7 @@ void check_loops(const Function<T>& function)
             function.loops[variant](x, y, n);
             for (int i = 0; i < 40; ++i) {
                 const T expected = i < n ? function.scalar(x[i]) : T(-7);
-                ASSERT_EQ(std::memcmp(&y[i], &expected, sizeof(T)), 0)
+                ASSERT_TRUE(same(y[i], expected) || (i < n && same(y[i], in_its_group(function, x, i))))
                     << function.name << ", element " << i << " of " << n << ", variant " << variant;
             }
         }
