@@ -39,7 +39,8 @@ else()
     set(tier_options_N -msse4.1 -mno-sse4.2)
 endif()
 
-# The kernel sources: one file per entry, named after it, so that the name tells the lanes and so the tiers.
+# The kernel sources: one file per entry, named after it (or for a group of entries: identityf2), so that the name
+# tells the lanes and so the tiers.
 set(families trig explog invtrig hyperbolic roots_erf rounding_intdiv complex extended)
 set(kernel_sources)
 foreach(family ${families})

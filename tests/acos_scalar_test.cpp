@@ -1,7 +1,7 @@
 // The scalar arc cosine.
 #include "brava.h"
 #include "remembered.h"
-#include "scalar_call.h"
+#include "binary64_call.h"
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ constexpr double half_angle_start = 0x1.d906bp-1;
 
 TEST(AcosScalar, ErrorByPath)
 {
-    EXPECT_EQ(scalar_kernels("acos_scalar").size(), 2u);
+    EXPECT_EQ(binary64_kernels("acos_scalar").size(), 2u);
     const Unary arccosine = remembered(mpfr_unary(mpfr_acos));
     const struct {
         const char* name;
@@ -45,7 +45,7 @@ TEST(AcosScalar, ErrorByPath)
         std::vector<double> arguments;
         for (const double x : with_negatives(joined(interval, ends)))
             if (std::fabs(x) >= path.from && std::fabs(x) < path.to) arguments.push_back(x);
-        for (const Kernel& kernel : scalar_kernels("acos_scalar"))
+        for (const Kernel& kernel : binary64_kernels("acos_scalar"))
             expect_error_within(kernel.tier == 'A' ? path.bound_A : path.bound_others,
                                 worst_scalar_error(kernel.address, arguments, arccosine), kernel.symbol,
                                 path.name);
@@ -57,7 +57,7 @@ TEST(AcosScalar, DirectedRounding)
     const Unary arccosine = remembered(mpfr_unary(mpfr_acos));
     const auto arguments = with_negatives(sample_interval(0x1p-60, std::nextafter(1.0, 0.0), 1000));
     for (const Rounding rounding : {Rounding::down, Rounding::up, Rounding::zero})
-        for (const Kernel& kernel : scalar_kernels("acos_scalar"))
+        for (const Kernel& kernel : binary64_kernels("acos_scalar"))
             expect_error_within(kernel.tier == 'A' ? 4 : 1.01,
                                 worst_scalar_error(kernel.address, arguments, arccosine, rounding),
                                 kernel.symbol,
@@ -67,7 +67,7 @@ TEST(AcosScalar, DirectedRounding)
 TEST(AcosScalar, SpecialArguments)
 {
     const std::uint64_t pi_bits = std::bit_cast<std::uint64_t>(pi);
-    for (const Kernel& kernel : scalar_kernels("acos_scalar")) {
+    for (const Kernel& kernel : binary64_kernels("acos_scalar")) {
         for (const Rounding rounding : all_roundings) {
             const ScalarResult one = call_scalar(kernel.address, 1.0, rounding);
             EXPECT_EQ(one.bits, 0u) << kernel.symbol;
@@ -107,7 +107,7 @@ TEST(AcosScalar, SpecialArguments)
 // Every path leaves the x87 stack empty and the control words as they were, and raises nothing loud.
 TEST(AcosScalar, StateAndFlags)
 {
-    for (const Kernel& kernel : scalar_kernels("acos_scalar"))
+    for (const Kernel& kernel : binary64_kernels("acos_scalar"))
         for (const double x : {0.0, 0x1p-1074, 0x1p-60, 0.1, 0.3, 0.5, 0.8, 0.99, 1.0, 2.0})
             for (const double signed_x : {x, -x}) {
                 const ScalarResult result = call_scalar(kernel.address, signed_x, Rounding::up);

@@ -1,7 +1,7 @@
 // The scalar arc tangent of two arguments.
 #include "brava.h"
 #include "remembered.h"
-#include "scalar_call.h"
+#include "binary64_call.h"
 
 #include <gtest/gtest.h>
 
@@ -50,7 +50,7 @@ Pairs near_row_changes()
 
 TEST(Atan2Scalar, Error)
 {
-    EXPECT_EQ(scalar_kernels("atan2_scalar").size(), 2u);
+    EXPECT_EQ(binary64_kernels("atan2_scalar").size(), 2u);
     const Binary arctangent = remembered(mpfr_binary(mpfr_atan2));
     const double largest = Limits::max();
     const struct {
@@ -68,7 +68,7 @@ TEST(Atan2Scalar, Error)
         {"row changes", near_row_changes()},
     };
     for (const auto& kind : kinds)
-        for (const Kernel& kernel : scalar_kernels("atan2_scalar"))
+        for (const Kernel& kernel : binary64_kernels("atan2_scalar"))
             expect_error_within(0.51,
                                 worst_scalar_error(kernel.address, kind.pairs.ys, kind.pairs.xs, arctangent),
                                 kernel.symbol, kind.name);
@@ -76,7 +76,7 @@ TEST(Atan2Scalar, Error)
     const std::span ys = std::span(comparable.ys).first(3000);
     const std::span xs = std::span(comparable.xs).first(3000);
     for (const Rounding rounding : {Rounding::down, Rounding::up, Rounding::zero})
-        for (const Kernel& kernel : scalar_kernels("atan2_scalar"))
+        for (const Kernel& kernel : binary64_kernels("atan2_scalar"))
             expect_error_within(1.01, worst_scalar_error(kernel.address, ys, xs, arctangent, rounding),
                                 kernel.symbol,
                                 "rounding mode " + std::to_string(static_cast<unsigned>(rounding)));
@@ -98,7 +98,7 @@ TEST(Atan2Scalar, SpecialPairs)
     Exact x_exact;
     Exact angle;
     mpfr_set_prec(angle.value, 53);
-    for (const Kernel& kernel : scalar_kernels("atan2_scalar"))
+    for (const Kernel& kernel : binary64_kernels("atan2_scalar"))
         for (const Rounding rounding : all_roundings)
             for (const double y : values)
                 for (const double x : values) {
@@ -123,7 +123,7 @@ TEST(Atan2Scalar, SpecialPairs)
 TEST(Atan2Scalar, SignallingNan)
 {
     constexpr std::uint64_t signalling = 0x7FF4000000000000;
-    for (const Kernel& kernel : scalar_kernels("atan2_scalar"))
+    for (const Kernel& kernel : binary64_kernels("atan2_scalar"))
         for (const double other : {0.0, 1.0, Limits::infinity(), Limits::quiet_NaN()}) {
             const auto other_bits = std::bit_cast<std::uint64_t>(other);
             for (const ScalarResult& result : {call_scalar(kernel.address, signalling, other_bits),
@@ -139,7 +139,7 @@ TEST(Atan2Scalar, SignallingNan)
 TEST(Atan2Scalar, ExtremePairs)
 {
     const double values[] = {0x1p-1074, 0x1p-1022, 1.0, Limits::max()};
-    for (const Kernel& kernel : scalar_kernels("atan2_scalar"))
+    for (const Kernel& kernel : binary64_kernels("atan2_scalar"))
         for (const double y : values)
             for (const double x : values)
                 for (const Rounding rounding : all_roundings) {

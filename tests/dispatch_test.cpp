@@ -3,7 +3,7 @@
 // caller.
 #include "call.h"
 #include "entries.h"
-#include "scalar_call.h"
+#include "binary64_call.h"
 
 #include "brava.h"
 
@@ -147,7 +147,7 @@ TEST_F(Dispatch, EveryScalarRoutineForEveryLevel)
                                "",
                                exported(scalar.name),
                                "",
-                               scalar_kernels(scalar.name)});
+                               binary64_kernels(scalar.name)});
     }
 }
 

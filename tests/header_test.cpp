@@ -98,8 +98,20 @@ Declared storing(const char* name, typename Signature<Lanes, vectors>::Storing* 
 #define ZELK_SIGNATURE_d_dd double(double, double)
 #define ZELK_SIGNATURE_f_f float(float)
 #define ZELK_SIGNATURE_l_l long double(long double)
+#define ZELK_SIGNATURE_l_ll long double(long double, long double)
+#define ZELK_SIGNATURE_v_lLL void(long double, long double*, long double*)
+#define ZELK_SIGNATURE_v_LLl void(long double*, long double*, long double)
+#define ZELK_SIGNATURE_f_ff float(float, float)
+#define ZELK_SIGNATURE_c_c float _Complex(float _Complex)
+#define ZELK_SIGNATURE_c_cc float _Complex(float _Complex, float _Complex)
+#define ZELK_SIGNATURE_z_z double _Complex(double _Complex)
+#define ZELK_SIGNATURE_z_zz double _Complex(double _Complex, double _Complex)
+#define ZELK_SIGNATURE_i_lD int(long double, double*)
 #define ZELK_SCALAR(kernel, signature, ...) declared<ZELK_SIGNATURE_##signature>(#kernel, kernel),
 
+#define ZELK_DATA(name, ...) {#name, name},
+
+#pragma GCC diagnostic ignored "-Wpedantic" // complex types
 const Declared declarations[] = {
 #include "dispatch/entries.def"
 };

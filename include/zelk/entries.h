@@ -194,24 +194,24 @@ ZELK_FUNCTION(2, uint4, __zelk_udivrem4)
 ZELK_STORING(2, uint4, ropuDivRem4)
 
 /* Complex. */
-/* ZELK_FUNCTION(1, cfloat2, __zelk_cacosf2) */
-/* ZELK_FUNCTION(1, cfloat2, __zelk_cacoshf2) */
-/* ZELK_FUNCTION(1, cfloat2, __zelk_casinf2) */
-/* ZELK_FUNCTION(1, cfloat2, __zelk_casinhf2) */
-/* ZELK_FUNCTION(1, cfloat2, __zelk_catanf2) */
-/* ZELK_FUNCTION(1, cfloat2, __zelk_catanhf2) */
-/* ZELK_FUNCTION(1, cfloat2, __zelk_ccosf2) */
-/* ZELK_FUNCTION(1, cfloat2, __zelk_ccoshf2) */
-/* ZELK_FUNCTION(1, cfloat2, __zelk_cexpf2) */
-/* ZELK_FUNCTION(1, cfloat2, __zelk_clogf2) */
-/* ZELK_FUNCTION(1, cfloat2, __zelk_clog10f2) */
-/* ZELK_FUNCTION(1, cfloat2, __zelk_clog2f2) */
-/* ZELK_FUNCTION(2, cfloat2, __zelk_cpowf2) */
-/* ZELK_FUNCTION(1, cfloat2, __zelk_csinf2) */
-/* ZELK_FUNCTION(1, cfloat2, __zelk_csinhf2) */
-/* ZELK_FUNCTION(1, cfloat2, __zelk_csqrtf2) */
-/* ZELK_FUNCTION(1, cfloat2, __zelk_ctanf2) */
-/* ZELK_FUNCTION(1, cfloat2, __zelk_ctanhf2) */
+ZELK_FUNCTION(1, cfloat2, __zelk_cacosf2)
+ZELK_FUNCTION(1, cfloat2, __zelk_cacoshf2)
+ZELK_FUNCTION(1, cfloat2, __zelk_casinf2)
+ZELK_FUNCTION(1, cfloat2, __zelk_casinhf2)
+ZELK_FUNCTION(1, cfloat2, __zelk_catanf2)
+ZELK_FUNCTION(1, cfloat2, __zelk_catanhf2)
+ZELK_FUNCTION(1, cfloat2, __zelk_ccosf2)
+ZELK_FUNCTION(1, cfloat2, __zelk_ccoshf2)
+ZELK_FUNCTION(1, cfloat2, __zelk_cexpf2)
+ZELK_FUNCTION(1, cfloat2, __zelk_clogf2)
+ZELK_FUNCTION(1, cfloat2, __zelk_clog10f2)
+ZELK_FUNCTION(1, cfloat2, __zelk_clog2f2)
+ZELK_FUNCTION(2, cfloat2, __zelk_cpowf2)
+ZELK_FUNCTION(1, cfloat2, __zelk_csinf2)
+ZELK_FUNCTION(1, cfloat2, __zelk_csinhf2)
+ZELK_FUNCTION(1, cfloat2, __zelk_csqrtf2)
+ZELK_FUNCTION(1, cfloat2, __zelk_ctanf2)
+ZELK_FUNCTION(1, cfloat2, __zelk_ctanhf2)
 
 #undef ZELK_FUNCTION
 #undef ZELK_ALIASED

@@ -5,8 +5,10 @@
 #ifndef ZELK_ZELK_H
 #define ZELK_ZELK_H
 
+#include "zelk/complex.h"
 #include "zelk/entries.h"
 #include "zelk/explog.h"
+#include "zelk/extended.h"
 #include "zelk/hyperbolic.h"
 #include "zelk/invtrig.h"
 #include "zelk/roots_erf.h"

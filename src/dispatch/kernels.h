@@ -26,10 +26,28 @@ namespace zelk::ZELK_TIER {
 #define ZELK_RESULT_d_dd double
 #define ZELK_RESULT_f_f float
 #define ZELK_RESULT_l_l long double
+#define ZELK_RESULT_l_ll long double
+#define ZELK_RESULT_v_lLL void
+#define ZELK_RESULT_v_LLl void
+#define ZELK_RESULT_i_lD int
+#define ZELK_RESULT_f_ff float
+#define ZELK_RESULT_c_c complex_float
+#define ZELK_RESULT_c_cc complex_float
+#define ZELK_RESULT_z_z complex_double
+#define ZELK_RESULT_z_zz complex_double
 #define ZELK_ARGUMENTS_d_d double
 #define ZELK_ARGUMENTS_d_dd double, double
 #define ZELK_ARGUMENTS_f_f float
 #define ZELK_ARGUMENTS_l_l long double
+#define ZELK_ARGUMENTS_l_ll long double, long double
+#define ZELK_ARGUMENTS_v_lLL long double, long double*, long double*
+#define ZELK_ARGUMENTS_v_LLl long double*, long double*, long double
+#define ZELK_ARGUMENTS_i_lD long double, double*
+#define ZELK_ARGUMENTS_f_ff float, float
+#define ZELK_ARGUMENTS_c_c complex_float
+#define ZELK_ARGUMENTS_c_cc complex_float, complex_float
+#define ZELK_ARGUMENTS_z_z complex_double
+#define ZELK_ARGUMENTS_z_zz complex_double, complex_double
 #define ZELK_SYMBOL_plain(kernel) #kernel
 #define ZELK_SYMBOL_LA(kernel) #kernel "." ZELK_TIER_NAME
 #define ZELK_SYMBOL_JA(kernel) #kernel "." ZELK_TIER_NAME
@@ -49,3 +67,17 @@ namespace zelk::ZELK_TIER {
 #undef ZELK_SCALAR
 
 } // namespace zelk::ZELK_TIER
+
+// The scalar routines under the names that callers use: the tiered ones through their dispatchers.
+namespace zelk::dispatched {
+
+#define ZELK_ENTRY(...)
+#define ZELK_SCALAR(kernel, signature, ...)                                                                  \
+    ZELK_RESULT_##signature kernel(ZELK_ARGUMENTS_##signature) asm(#kernel);
+
+#include "dispatch/entries.def"
+
+#undef ZELK_ENTRY
+#undef ZELK_SCALAR
+
+} // namespace zelk::dispatched

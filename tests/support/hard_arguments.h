@@ -10,5 +10,7 @@ namespace zelk::test {
 // the largest number, in ascending order of the exponent of the last place.
 std::vector<float> near_multiples_of_half_pi_f();
 std::vector<double> near_multiples_of_half_pi();
+// As near as 2^-75.5; of every `step`-th exponent.
+std::vector<long double> near_multiples_of_half_pi_l(int step);
 
 } // namespace zelk::test

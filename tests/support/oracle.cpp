@@ -170,12 +170,6 @@ double from_ordinal(std::int64_t n, double)
     return std::bit_cast<double>(magnitude | (n < 0 ? std::uint64_t{1} << 63 : 0u));
 }
 
-std::size_t scaled(std::size_t count)
-{
-    static const char* const factor = std::getenv("ZELK_SURVEY");
-    return factor ? static_cast<std::size_t>(static_cast<double>(count) * std::atof(factor)) : count;
-}
-
 template <class T>
 std::vector<T> pattern_sample(T from, T to, std::size_t count, std::uint64_t seed)
 {
@@ -303,6 +297,12 @@ std::uint64_t Random::next()
     z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9;
     z = (z ^ (z >> 27)) * 0x94D049BB133111EB;
     return z ^ (z >> 31);
+}
+
+std::size_t scaled(std::size_t count)
+{
+    static const char* const factor = std::getenv("ZELK_SURVEY");
+    return factor ? static_cast<std::size_t>(static_cast<double>(count) * std::atof(factor)) : count;
 }
 
 std::vector<float> sample_patterns(float from, float to, std::size_t count, std::uint64_t seed)

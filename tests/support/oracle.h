@@ -84,6 +84,7 @@ public:
 private:
     std::uint64_t state_;
 };
+std::size_t scaled(std::size_t count); // by ZELK_SURVEY
 // Uniform over the representable numbers between two of the same sign (uniform in the bit pattern).
 std::vector<float> sample_patterns(float from, float to, std::size_t count, std::uint64_t seed = 1);
 std::vector<double> sample_patterns(double from, double to, std::size_t count, std::uint64_t seed = 1);

@@ -65,7 +65,7 @@ Result call(const void* target, const Vec128& a, const Vec128& b, const Vec128& 
     frame.pointer = reinterpret_cast<std::uintptr_t>(pointer);
     frame.mxcsr_in = 0x1F80 | static_cast<unsigned>(rounding) << 13;
     zelk_call(&frame);
-    return {frame.out[0], frame.out[1], frame.mxcsr_out & 0x3F};
+    return {frame.out[0], frame.out[1], (frame.mxcsr_out | frame.x87_status_out) & 0x3F};
 }
 
 } // namespace zelk

@@ -66,7 +66,7 @@ extern "C" void zelk_call(CallFrame* frame);
 struct Result {
     Vec128 first;
     Vec128 second;  // XMM1 as the call left it
-    unsigned flags; // raised by the call
+    unsigned flags; // raised by the call, in either floating-point unit
 };
 
 Result call(const void* target, const Vec128& a, const Vec128& b = {}, const Vec128& mask = {},

@@ -171,6 +171,19 @@ std::span<const ScalarEntry> scalar_entries()
     return list;
 }
 
+std::span<const DataEntry> data_entries()
+{
+    static const DataEntry list[] = {
+#define ZELK_ENTRY(...)
+#define ZELK_SCALAR(...)
+#define ZELK_DATA(name, type, entries, values) {#name, sizeof(type) * entries * values},
+#include "dispatch/entries.def"
+#undef ZELK_ENTRY
+#undef ZELK_SCALAR
+    };
+    return list;
+}
+
 std::vector<std::string> listed_exports()
 {
     std::vector<std::string> names;
@@ -189,6 +202,8 @@ std::vector<std::string> listed_exports()
         for (const char tier : scalar.tiers)
             names.push_back(scalar.name + '.' + tier);
     }
+    for (const DataEntry& data : data_entries())
+        names.push_back(data.name);
     return names;
 }
 

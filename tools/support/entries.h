@@ -1,6 +1,7 @@
 // The list of entries as data, with the addresses that the built library exports.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -52,6 +53,13 @@ struct ScalarEntry {
     std::string tiers;
 };
 std::span<const ScalarEntry> scalar_entries();
+
+// The exported tables of the list, with their sizes in bytes.
+struct DataEntry {
+    std::string name;
+    std::size_t size;
+};
+std::span<const DataEntry> data_entries();
 
 // Every name that the list says is exported on this target.
 std::vector<std::string> listed_exports();

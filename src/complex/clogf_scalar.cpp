@@ -1,0 +1,72 @@
+// ln z = ln |z| + i arg z of one complex number with binary32 parts, z = x + iy.
+// Method: all in binary64. ln |z|^2 near |z| = 1 by its Taylor series in |z|^2 - 1, else by table; the angle
+// by a polynomial in the smaller part over the larger.
+#include "complex/classes.h"
+#include "complex/clogf.h"
+#include "complex/parts.h"
+#include "dispatch/kernels.h"
+#include "invtrig/atan2.h"
+#include "invtrig/atan2_special.h"
+
+namespace zelk::ZELK_TIER {
+
+// x and y finite, not both zero.
+ZELK_INLINE double log_modulus(double x, double y)
+{
+    const auto& k = tables::clogf2;
+    const SquaredModulusd2 modulus = squared_modulus(splat(x), splat(y), k);
+    if (!modulus.near_one[0]) return 0.5 * log_by_table(modulus.s, k)[0];
+    const auto& c = tables::clogf_scalar.taylor;
+    const double d = modulus.d[0];
+    const double d2 = d * d;
+    const double even = c[0] + d2 * (c[2] + d2 * (c[4] + d2 * (c[6] + d2 * c[8])));
+    const double odd = c[1] + d2 * (c[3] + d2 * (c[5] + d2 * c[7]));
+    return 0.5 * d * (even + d * odd);
+}
+
+// x and y finite and not zero.
+ZELK_INLINE double argument(double y, double x)
+{
+    const auto& k = tables::atan2;
+    const double ay = __builtin_fabs(y);
+    const double ax = __builtin_fabs(x);
+    const bool steep = ay > ax;
+    const double q = steep ? ax / ay : ay / ax;
+    double angle = arctangent(splat(q), k)[0];
+    if (steep) angle = k.dbPio2hi[0] - angle;
+    if (x < 0) angle = k.dbPi[0] - angle;
+    return with_sign_of(angle, y);
+}
+
+// The parts are finite and not zero, or one of them is not.
+[[gnu::noinline, gnu::cold]] static complex_float special_clog(float x, float y)
+{
+    if (is_nan(x)) {
+        const float im = x * x;
+        return make_complex(y * (is_infinite(y) ? y : x), im);
+    }
+    if (is_nan(y)) {
+        const float im = y * y;
+        return make_complex(is_infinite(x) ? x * x : im, im);
+    }
+    const double infinity = __builtin_inf();
+    double angle = 0;
+    special_atan2(static_cast<double>(y), static_cast<double>(x), tables::atan2_angles.angles, angle);
+    double re = infinity;
+    if (is_zero(x) && is_zero(y))
+        re = -infinity;
+    else if (is_finite(x) && is_finite(y))
+        re = log_modulus(x, y);
+    return make_complex(static_cast<float>(re), static_cast<float>(angle));
+}
+
+complex_float clogf_scalar(complex_float z)
+{
+    const float x = real(z);
+    const float y = imag(z);
+    if (!is_finite(x) || !is_finite(y) || is_zero(x) || is_zero(y)) [[unlikely]]
+        return special_clog(x, y);
+    return make_complex(static_cast<float>(log_modulus(x, y)), static_cast<float>(argument(y, x)));
+}
+
+} // namespace zelk::ZELK_TIER

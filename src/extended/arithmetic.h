@@ -1,0 +1,270 @@
+// What the 80-bit routines are made of: the words of the format, integers and powers of two, and pairs of
+// numbers that carry 128 significant bits.
+//
+// The x87 control word is the caller's. The exactness claims hold for 64-bit significands in round to
+// nearest; with fewer bits or in the directed modes a pair loses precision, never more.
+#pragma once
+
+#include "lanes/lanes.h"
+
+#include <cstddef>
+
+namespace zelk::ZELK_TIER {
+
+// The words of a number: the significand with its integer bit, sign and biased exponent.
+struct Words {
+    std::uint64_t significand;
+    std::uint16_t sign_exponent;
+
+    [[gnu::always_inline]] int biased_exponent() const { return sign_exponent & 0x7FFF; }
+    [[gnu::always_inline]] bool negative() const { return sign_exponent >> 15 != 0; }
+    // Zero and denormals (pseudo-denormals too, which have the integer bit).
+    [[gnu::always_inline]] bool below_normal() const { return biased_exponent() == 0; }
+    // Infinities, NaNs and everything without an integer bit that should have one: no finite number.
+    [[gnu::always_inline]] bool not_finite() const
+    {
+        return biased_exponent() == 0x7FFF || (biased_exponent() != 0 && significand >> 63 == 0);
+    }
+    [[gnu::always_inline]] bool infinite() const
+    {
+        return biased_exponent() == 0x7FFF && significand == std::uint64_t{1} << 63;
+    }
+    [[gnu::always_inline]] bool quiet_nan() const
+    {
+        return biased_exponent() == 0x7FFF && significand >> 62 == 3;
+    }
+    // Signalling NaNs and unsupported encodings.
+    [[gnu::always_inline]] bool invalid_operand() const
+    {
+        return not_finite() && !infinite() && !quiet_nan();
+    }
+    [[gnu::always_inline]] bool zero() const { return biased_exponent() == 0 && significand == 0; }
+};
+inline constexpr int exponent_bias = 16383;
+
+// 2^from <= |x| < 2^to, and x has its integer bit: the numbers that a routine takes on its main path.
+ZELK_INLINE bool in_binades(Words x, int from, int to)
+{
+    return static_cast<unsigned>(x.biased_exponent() - (exponent_bias + from)) <
+               static_cast<unsigned>(to - from) &&
+           x.significand >> 63 != 0;
+}
+
+union WordsOrNumber {
+    long double number;
+    Words words;
+};
+
+ZELK_INLINE Words words_of(long double x)
+{
+    WordsOrNumber both;
+    both.number = x;
+    return both.words;
+}
+ZELK_INLINE long double number_of(std::uint64_t significand, int sign_exponent)
+{
+    WordsOrNumber both;
+    both.words = {significand, static_cast<std::uint16_t>(sign_exponent)};
+    return both.number;
+}
+
+// 2^n, -16382 <= n <= 16383.
+ZELK_INLINE long double power_of_two(int n)
+{
+    return number_of(std::uint64_t{1} << 63, n + exponent_bias);
+}
+
+// The nearest integer in the current rounding mode, |x| < 2^31. (A conversion in C++ would change the control
+// word.)
+ZELK_INLINE int round_to_int(long double x)
+{
+    int n;
+    asm("fistpl %0" : "=m"(n) : "t"(x) : "st");
+    return n;
+}
+
+ZELK_INLINE long double magnitude(long double x)
+{
+    asm("fabs" : "+t"(x));
+    return x;
+}
+ZELK_INLINE long double square_root(long double x)
+{
+    asm("fsqrt" : "+t"(x));
+    return x;
+}
+
+// Keeps an operation that is done for its flag: the compiler knows nothing of the value afterwards.
+ZELK_INLINE long double opaque(long double x)
+{
+    asm volatile("" : "+t"(x));
+    return x;
+}
+ZELK_INLINE long double overflowed(bool negative)
+{
+    const long double huge = opaque(0x1p16383L);
+    return negative ? -huge * huge : huge * huge;
+}
+ZELK_INLINE long double underflowed(bool negative)
+{
+    const long double tiny = opaque(0x1p-16382L);
+    return negative ? -tiny * tiny : tiny * tiny;
+}
+// x, inexact and in the directed modes as if a little were added to (taken from) |x|.
+ZELK_INLINE long double and_a_little(long double x)
+{
+    return x + x * 0x1p-70L;
+}
+ZELK_INLINE long double but_a_little(long double x)
+{
+    return x - x * 0x1p-70L;
+}
+// NaN with invalid; the pole with divide-by-zero.
+ZELK_INLINE long double invalid()
+{
+    const long double zero = opaque(0.0L);
+    return zero / zero;
+}
+ZELK_INLINE long double pole(bool negative)
+{
+    const long double zero = opaque(0.0L);
+    return negative ? -1.0L / zero : 1.0L / zero;
+}
+
+// c[0] + c[1] z + c[2] z^2 + ... by Horner's rule.
+template <std::size_t n, std::size_t i = 0>
+ZELK_INLINE long double polynomial(const long double (&c)[n], long double z)
+{
+    if constexpr (i + 1 == n)
+        return c[i];
+    else
+        return c[i] + z * polynomial<n, i + 1>(c, z);
+}
+
+// hi + lo, |lo| at most half an ulp of hi or a little above it.
+struct Pair {
+    long double hi;
+    long double lo;
+};
+
+// a + b exactly, |a| >= |b| or a = 0.
+ZELK_INLINE Pair fast_two_sum(long double a, long double b)
+{
+    const long double sum = a + b;
+    return {sum, b - (sum - a)};
+}
+// a + b exactly.
+ZELK_INLINE Pair two_sum(long double a, long double b)
+{
+    const long double sum = a + b;
+    const long double b_part = sum - a;
+    return {sum, (a - (sum - b_part)) + (b - b_part)};
+}
+
+// x as two numbers of 32 bits; |x| < 2^16350.
+ZELK_INLINE Pair split(long double x)
+{
+    const long double scaled = x * 0x1.00000001p32L;
+    const long double hi = scaled - (scaled - x);
+    return {hi, x - hi};
+}
+// a * b exactly, the product being normal and its low end above the denormals.
+ZELK_INLINE Pair two_product(long double a, long double b)
+{
+    const long double product = a * b;
+    const Pair x = split(a);
+    const Pair y = split(b);
+    return {product, ((x.hi * y.hi - product) + x.hi * y.lo + x.lo * y.hi) + x.lo * y.lo};
+}
+
+// Sums and products of pairs: relative error below 2^-120 when nothing cancels.
+ZELK_INLINE Pair add(Pair a, Pair b)
+{
+    const Pair sum = two_sum(a.hi, b.hi);
+    return fast_two_sum(sum.hi, sum.lo + (a.lo + b.lo));
+}
+ZELK_INLINE Pair add(Pair a, long double b)
+{
+    const Pair sum = two_sum(a.hi, b);
+    return fast_two_sum(sum.hi, sum.lo + a.lo);
+}
+ZELK_INLINE Pair multiply(Pair a, Pair b)
+{
+    const Pair product = two_product(a.hi, b.hi);
+    return fast_two_sum(product.hi, product.lo + (a.hi * b.lo + a.lo * b.hi));
+}
+ZELK_INLINE Pair multiply(Pair a, long double b)
+{
+    const Pair product = two_product(a.hi, b);
+    return fast_two_sum(product.hi, product.lo + a.lo * b);
+}
+ZELK_INLINE Pair divide(Pair a, Pair b)
+{
+    const long double quotient = a.hi / b.hi;
+    const Pair product = two_product(quotient, b.hi);
+    const long double rest = (((a.hi - product.hi) - product.lo) + a.lo) - quotient * b.lo;
+    return fast_two_sum(quotient, rest / b.hi);
+}
+// sqrt a, a > 0.
+ZELK_INLINE Pair square_root(Pair a)
+{
+    const long double root = square_root(a.hi);
+    const Pair square = two_product(root, root);
+    return fast_two_sum(root, (((a.hi - square.hi) - square.lo) + a.lo) / (root + root));
+}
+ZELK_INLINE Pair with_sign(bool negative, Pair a)
+{
+    return negative ? Pair{-a.hi, -a.lo} : a;
+}
+ZELK_INLINE long double rounded(Pair a)
+{
+    return a.hi + a.lo;
+}
+
+// NaNs and unsupported encodings.
+ZELK_INLINE bool not_a_number(Words x)
+{
+    return x.not_finite() && !x.infinite();
+}
+
+// A finite number other than zero: |x| = significand 2^(exponent - 63), the integer bit set.
+struct Normalised {
+    std::uint64_t significand;
+    int exponent;
+};
+ZELK_INLINE Normalised normalised(Words x)
+{
+    if (x.below_normal()) {
+        const int zeros = __builtin_clzll(x.significand);
+        return {x.significand << zeros, 1 - exponent_bias - zeros};
+    }
+    return {x.significand, x.biased_exponent() - exponent_bias};
+}
+
+// round(x 2^bits), 0 <= x <= 1, halves up: the same in every rounding mode.
+ZELK_INLINE unsigned grid_index(long double x, int bits)
+{
+    const Words words = words_of(x);
+    const int shift = exponent_bias + 62 - bits - words.biased_exponent();
+    return shift > 63 ? 0 : static_cast<unsigned>((words.significand >> shift) + 1) >> 1;
+}
+
+// a 2^n, rounded once where the result is denormal too; 2^-8 <= |a| < 2^63, a 2^n below the largest number.
+[[maybe_unused, gnu::cold, gnu::noinline]] static long double scaled(Pair a, int n)
+{
+    const int exponent = words_of(a.hi).biased_exponent() - exponent_bias;
+    long double value = rounded(a);
+    if (exponent + n < 1 - exponent_bias) {
+        // 2^63 places of the result: a rounds to whole places when it is added, and scaling them is exact.
+        opaque(underflowed(false));
+        const int place = -16445 - n;
+        if (place > exponent + 2) return underflowed(a.hi < 0);
+        const long double places = power_of_two(place + 63);
+        const long double shifter = a.hi < 0 ? -places : places;
+        const Pair sum = fast_two_sum(shifter, a.hi);
+        value = (sum.hi + (sum.lo + a.lo)) - shifter;
+    }
+    return value * power_of_two(n / 2) * power_of_two(n - n / 2);
+}
+
+} // namespace zelk::ZELK_TIER

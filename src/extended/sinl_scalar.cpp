@@ -1,0 +1,15 @@
+// sin x of one 80-bit number; method in sin_cos.h.
+#include "dispatch/kernels.h"
+#include "extended/sin_cos.h"
+
+namespace zelk::ZELK_TIER {
+
+long double sinl_scalar(long double x)
+{
+    if (off_the_path(words_of(x))) [[unlikely]]
+        return sine_off_the_path(x);
+    const Angle angle = angle_of(x);
+    return sine_from(angle.quadrant, angle, powers_of(angle.at.t));
+}
+
+} // namespace zelk::ZELK_TIER

@@ -1,0 +1,17 @@
+#include "tables/extended_trig.h"
+
+namespace zelk::tables {
+
+// clang-format off
+const ExtendedTrig extended_trig = {
+    .two_over_pi = {
+#include "tables/extended_trig_two_over_pi.inc"
+    },
+    .grid = {
+#include "tables/extended_trig_grid.inc"
+    },
+#include "tables/extended_trig_constants.inc"
+};
+// clang-format on
+
+} // namespace zelk::tables

@@ -1,0 +1,115 @@
+// What the circular functions of 80-bit numbers read, one table per run, named by the argument.
+//
+//   two_over_pi  the binary expansion of 2/pi in words of 32 bits: three words of zeros, then 519 words,
+//                which is enough for the nine that the largest number needs
+//   grid         sin hi, sin lo, cos hi, cos lo of j/64, j = 0..51: hi the leading 32 bits, lo the binary64
+//                nearest to the rest
+//   constants    pi/2 (its leading 32 bits and the rest), pi/180 and 180/pi (two numbers each), and the
+//                Taylor coefficients of sine, cosine and arc tangent. The first neglected term is below 2^-90
+//                of t (sine) and 2^-90 (cosine) for |t| <= pi/360, and below 2^-83 of t (arc tangent) for
+//                |t| <= 2^-8.
+#include "table_writer.h"
+
+#include <cstdlib>
+#include <string_view>
+
+using namespace zelk::generate;
+
+namespace {
+
+void print_two_over_pi()
+{
+    constexpr int words = 519;
+    mpfr_t value;
+    mpfr_init2(value, 32 * words + 64);
+    mpfr_const_pi(value, MPFR_RNDN);
+    mpfr_ui_div(value, 2, value, MPFR_RNDN);
+    for (int i = 0; i < 3; ++i)
+        std::puts("0x00000000,");
+    for (int i = 0; i < words; ++i) {
+        mpfr_mul_2ui(value, value, 32, MPFR_RNDN);
+        const unsigned long word = mpfr_get_ui(value, MPFR_RNDZ);
+        mpfr_sub_ui(value, value, word, MPFR_RNDN);
+        std::printf("0x%08lX,\n", word);
+    }
+    mpfr_clear(value);
+}
+
+void print_split(const Real& value)
+{
+    const Real hi = value.leading(32);
+    std::printf("{%a, %a}", hi.to_double(), (value - hi).to_double());
+}
+
+long double to_extended(const Real& value)
+{
+    return mpfr_get_ld(value.get(), MPFR_RNDN);
+}
+Real from_extended(long double x)
+{
+    Real result;
+    mpfr_set_ld(result.get(), x, MPFR_RNDN);
+    return result;
+}
+
+void print_extended(const char* name, const Real& value)
+{
+    std::printf(".%s = %LaL,\n", name, to_extended(value));
+}
+void print_pair(const char* name, const Real& value)
+{
+    const long double hi = to_extended(value);
+    std::printf(".%s = {%LaL, %LaL},\n", name, hi, to_extended(value - from_extended(hi)));
+}
+
+Real one_over(long n)
+{
+    return Real(1.0) / Real(static_cast<double>(n));
+}
+
+void print_constants()
+{
+    const Real half_pi = pi() / Real(2.0);
+    print_extended("half_pi", half_pi);
+    print_extended("half_pi_head", half_pi.leading(32));
+    print_extended("half_pi_rest", half_pi - half_pi.leading(32));
+    print_extended("quarter_pi", half_pi / Real(2.0));
+    print_pair("radians_per_degree", pi() / Real(180.0));
+    print_pair("C180byPi", Real(180.0) / pi());
+    print_extended("sine_3", one_over(-6));
+    std::printf(".sine_5 = %a,\n", one_over(120).to_double());
+    std::printf(".sine_7 = %a,\n", one_over(-5040).to_double());
+    std::printf(".sine_9 = %a,\n", one_over(362880).to_double());
+    std::printf(".cosine_2 = %a,\n", one_over(-2).to_double());
+    std::printf(".cosine_4 = %a,\n", one_over(24).to_double());
+    std::printf(".cosine_6 = %a,\n", one_over(-720).to_double());
+    std::printf(".cosine_8 = %a,\n", one_over(40320).to_double());
+    print_extended("arc_tangent_3", one_over(-3));
+    std::printf(".arc_tangent_5 = %a,\n", one_over(5).to_double());
+    std::printf(".arc_tangent_7 = %a,\n", one_over(-7).to_double());
+    std::printf(".arc_tangent_9 = %a,\n", one_over(9).to_double());
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const std::string_view table = argc == 2 ? argv[1] : "";
+    if (table == "two_over_pi") {
+        print_two_over_pi();
+    } else if (table == "grid") {
+        for (int j = 0; j <= 51; ++j) {
+            const Real angle = Real(j) / Real(64.0);
+            std::printf("{");
+            print_split(sin(angle));
+            std::printf(", ");
+            print_split(cos(angle));
+            std::printf("},\n");
+        }
+    } else if (table == "constants") {
+        print_constants();
+    } else {
+        std::fprintf(stderr, "usage: %s two_over_pi|grid|constants\n", argv[0]);
+        return EXIT_FAILURE;
+    }
+}
