@@ -8,16 +8,6 @@
 
 namespace zelk::ZELK_TIER {
 
-// x = significand 2^(exponent - 63), the integer bit set.
-struct Normalised {
-    std::uint64_t significand;
-    int exponent;
-};
-// Of a normal number.
-ZELK_INLINE Normalised normalised(Words words)
-{
-    return {words.significand, words.biased_exponent() - exponent_bias};
-}
 // Of a denormal number, not zero; pseudo-denormals have the integer bit already.
 ZELK_INLINE Normalised normalised_denormal(Words words)
 {
