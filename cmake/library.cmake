@@ -68,7 +68,7 @@ function(tiers_of name result)
         set(${result} A PARENT_SCOPE) # one hidden routine for all kernels
     elseif(ZELK_TARGET STREQUAL x86_64)
         set(${result} A L PARENT_SCOPE)
-    elseif(name MATCHES "f4$|^c.+f2$") # erf2 is on double2
+    elseif(name MATCHES "f4$|[^r]f2$") # erf2 is on double2
         set(${result} J L N PARENT_SCOPE) # A: SSE and x87 only, not built yet
     elseif(name MATCHES "(div|rem)4$")
         set(${result} A J L N PARENT_SCOPE)

@@ -1,7 +1,7 @@
 // The scalar arc cosine.
+#include "binary64_call.h"
 #include "brava.h"
 #include "remembered.h"
-#include "binary64_call.h"
 
 #include <gtest/gtest.h>
 

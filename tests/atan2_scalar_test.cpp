@@ -1,7 +1,7 @@
 // The scalar arc tangent of two arguments.
+#include "binary64_call.h"
 #include "brava.h"
 #include "remembered.h"
-#include "binary64_call.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // Which kernel a dispatcher reaches for which feature word. Every kernel of an entry gets a breakpoint as its
 // first instruction; the trap handler notes which one was reached, with which arguments, and returns to the
 // caller.
+#include "binary64_call.h"
 #include "call.h"
 #include "entries.h"
-#include "binary64_call.h"
 
 #include "brava.h"
 

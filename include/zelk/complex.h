@@ -1,12 +1,12 @@
-/* Functions of complex numbers, on two binary32 numbers at a time and one by one, and the small scalar routines that go
- * with them. */
+/* Functions of complex numbers, on two binary32 numbers at a time and one by one, and the small scalar
+ * routines that go with them. */
 #ifndef ZELK_COMPLEX_H
 #define ZELK_COMPLEX_H
 
 #include "zelk/types.h"
 
-/* C's float _Complex and double _Complex, which GCC and Clang have in C++ too. std::complex has the same layout but not
- * everywhere the same calling convention: copy its parts. */
+/* C's float _Complex and double _Complex, which GCC and Clang have in C++ too. std::complex has the same
+ * layout but not everywhere the same calling convention: copy its parts. */
 __extension__ typedef float _Complex zelk_complex_float;
 __extension__ typedef double _Complex zelk_complex_double;
 
@@ -16,12 +16,13 @@ ZELK_BEGIN_DECLARATIONS
 
 /* Logarithm. */
 
-/* ln z = ln |z| + i arg z on two complex numbers with binary32 parts, z = x + iy, arg z = atan2(y, x) in [-pi, pi].
- * Error: real part 0.51 ulp, 0.842 for ||z|^2 - 1| < 0.03; imaginary part 2.45 (tier A: 0.501 in each part).
- * Special: zero z gives -inf and the angle of its signs; an infinite part gives +inf, and the angle or, beside a NaN,
- * NaN; otherwise a NaN gives (NaN, NaN). Raises nothing but invalid, for a signalling NaN.
- * Method: ln |z|^2 in binary64 by table, near one by a polynomial in |z|^2 - 1; degree-17 odd polynomial of the smaller
- * part over the larger in binary32. Tier A, and numbers with an infinite part or a NaN: clogf_scalar. */
+/* ln z = ln |z| + i arg z on two complex numbers with binary32 parts, z = x + iy, arg z = atan2(y, x) in
+ * [-pi, pi]. Error: real part 0.51 ulp, 0.842 for ||z|^2 - 1| < 0.03; imaginary part 2.45 (tier A: 0.501 in
+ * each part). Special: zero z gives -inf and the angle of its signs; an infinite part gives +inf, and the
+ * angle or, beside a NaN, NaN; otherwise a NaN gives (NaN, NaN). Raises nothing but invalid, for a signalling
+ * NaN. Method: ln |z|^2 in binary64 by table, near one by a polynomial in |z|^2 - 1; degree-17 odd polynomial
+ * of the smaller part over the larger in binary32. Tier A, and numbers with an infinite part or a NaN:
+ * clogf_scalar. */
 zelk_cfloat2 __zelk_clogf2(zelk_cfloat2 z);
 
 /* ln z of one complex number with binary32 parts. Error: 0.501 ulp in each part. Special: as __zelk_clogf2.
@@ -30,20 +31,20 @@ zelk_complex_float clogf_scalar(zelk_complex_float z);
 
 /* Square root. */
 
-/* sqrt z on two complex numbers with binary32 parts, z = x + iy: the root with a real part >= 0, its imaginary part with
- * the sign of y (the cut is the negative real axis, and the sign of a zero y tells its sides).
- * Error: 0.52 ulp in each part (0.501 in tier A).
- * Special: infinite y gives (inf, y) whatever x is; -inf gives (+0, +-inf), +inf gives (inf, +-0), with the sign of y;
- * beside a NaN y they give (NaN, inf) and (inf, NaN); otherwise a NaN gives (NaN, NaN). A signalling NaN raises invalid
- * unless y is infinite. A denormal part of the result raises underflow, be it exact, in numbers that have a part that
- * is zero, subnormal or 2^-126, and in tier A in all.
- * Method: t = sqrt((|z| + |x|)/2) in binary64 from the processor's reciprocal square root estimate, corrected; the other
- * part is |y|/2t. Tier A, and numbers with a zero, subnormal or special part: csqrtf_scalar. */
+/* sqrt z on two complex numbers with binary32 parts, z = x + iy: the root with a real part >= 0, its
+ * imaginary part with the sign of y (the cut is the negative real axis, and the sign of a zero y tells its
+ * sides). Error: 0.52 ulp in each part (0.501 in tier A). Special: infinite y gives (inf, y) whatever x is;
+ * -inf gives (+0, +-inf), +inf gives (inf, +-0), with the sign of y; beside a NaN y they give (NaN, inf) and
+ * (inf, NaN); otherwise a NaN gives (NaN, NaN). A signalling NaN raises invalid unless y is infinite. A
+ * denormal part of the result raises underflow, be it exact, in numbers that have a part that is zero,
+ * subnormal or 2^-126, and in tier A in all. Method: t = sqrt((|z| + |x|)/2) in binary64 from the processor's
+ * reciprocal square root estimate, corrected; the other part is |y|/2t. Tier A, and numbers with a zero,
+ * subnormal or special part: csqrtf_scalar. */
 zelk_cfloat2 __zelk_csqrtf2(zelk_cfloat2 z);
 
-/* sqrt z of one complex number with binary32 parts. Error: 0.501 ulp in each part. Special: as __zelk_csqrtf2; a
- * denormal part of the result always raises underflow. Method: in binary64, square root and division (tier A) or
- * reciprocal square root (tier L). */
+/* sqrt z of one complex number with binary32 parts. Error: 0.501 ulp in each part. Special: as
+ * __zelk_csqrtf2; a denormal part of the result always raises underflow. Method: in binary64, square root and
+ * division (tier A) or reciprocal square root (tier L). */
 zelk_complex_float csqrtf_scalar(zelk_complex_float z);
 
 /* sqrt z of one complex number with binary64 parts. Error: 0.501 ulp in each part. Special: as csqrtf_scalar.
@@ -52,8 +53,9 @@ zelk_complex_double csqrt_scalar(zelk_complex_double z);
 
 /* Arc cosine. */
 
-/* Functions that are not provided. These routines stand for the names: each returns its argument unchanged, bit for
- * bit, whatever it is (the powers their first argument), and raises nothing. They do not compute the function. */
+/* Functions that are not provided. These routines stand for the names: each returns its argument unchanged,
+ * bit for bit, whatever it is (the powers their first argument), and raises nothing. They do not compute the
+ * function. */
 
 zelk_cfloat2 __zelk_cacoshf2(zelk_cfloat2 z);
 zelk_cfloat2 __zelk_casinf2(zelk_cfloat2 z);
@@ -108,8 +110,8 @@ double fabs_scalar(double x);
 /* |x| with the sign of y, exact. A signalling NaN in either place raises invalid; x is quieted. */
 double copysign_scalar(double x, double y);
 
-/* |x| with the sign of y, exact, NaNs included; raises nothing. (On i386 a signalling NaN meets the x87, in whose
- * register results are returned: it raises invalid and is quieted.) */
+/* |x| with the sign of y, exact, NaNs included; raises nothing. (On i386 a signalling NaN meets the x87, in
+ * whose register results are returned: it raises invalid and is quieted.) */
 float copysignf_scalar(float x, float y);
 
 ZELK_END_DECLARATIONS
