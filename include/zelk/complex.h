@@ -17,8 +17,8 @@ ZELK_BEGIN_DECLARATIONS
 /* Logarithm. */
 
 /* ln z = ln |z| + i arg z on two complex numbers with binary32 parts, z = x + iy, arg z = atan2(y, x) in
- * [-pi, pi]. Error: 0.51 ulp in the real part, 0.842 for ||z|^2 - 1| < 0.03; 2.45 in the angle (tier A: 0.501 in
- * each part). Special: zero z gives -inf and the angle of its signs; an infinite part gives +inf, and the
+ * [-pi, pi]. Error: 0.51 ulp in the real part, 0.842 for ||z|^2 - 1| < 0.03; 2.45 in the angle (tier A: 0.501
+ * in each part). Special: zero z gives -inf and the angle of its signs; an infinite part gives +inf, and the
  * angle or, beside a NaN, NaN; otherwise a NaN gives (NaN, NaN). Raises nothing but invalid, for a signalling
  * NaN. Method: ln |z|^2 in binary64 by table, near one by a polynomial in |z|^2 - 1; degree-17 odd polynomial
  * of the smaller part over the larger in binary32. Tier A, and numbers with an infinite part or a NaN:
