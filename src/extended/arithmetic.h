@@ -117,7 +117,9 @@ ZELK_INLINE long double and_a_little(long double x)
 }
 ZELK_INLINE long double but_a_little(long double x)
 {
-    return x - x * 0x1p-70L;
+    // A negative product is rounded the way of the result: of the smallest denormal nothing is taken in
+    // upward rounding.
+    return x + x * -0x1p-70L;
 }
 // NaN with invalid; the pole with divide-by-zero.
 ZELK_INLINE long double invalid()

@@ -14,8 +14,8 @@ using long2 = std::int64_t __attribute__((vector_size(16)));
 using ulong2 = std::uint64_t __attribute__((vector_size(16)));
 using ushort8 = std::uint16_t __attribute__((vector_size(16)));
 
-// Complex scalars, passed and returned as C's float _Complex and double _Complex are. On x86-64 a float _Complex
-// travels in the low half of a vector register, and as a vector it stays there.
+// Complex scalars, passed and returned as C's float _Complex and double _Complex are. On x86-64 a float
+// _Complex travels in the low half of a vector register, and as a vector it stays there.
 #if defined(__x86_64__)
 using complex_float = float __attribute__((vector_size(8)));
 #else
