@@ -92,6 +92,22 @@ void expect_error_within(double bound_ulp, const WorstScalar& worst, const std::
     EXPECT_LE(worst.ulp, bound_ulp) << kernel << ", " << path << ": " << worst.text();
 }
 
+void expect_errors_within(double bound_ulp, const char* name, const Unary& exact,
+                          std::span<const long double> xs, const char* path, int result)
+{
+    expect_error_within(bound_ulp, worst_error(scalar_kernel(name), xs, exact, result), name, path);
+}
+
+void expect_errors_in_directed_modes(double bound_ulp, const char* name, const Unary& exact,
+                                     std::span<const long double> xs, int result)
+{
+    for (const auto& [rounding, path] :
+         {std::pair{Rounding::down, "rounding down"}, std::pair{Rounding::up, "rounding up"},
+          std::pair{Rounding::zero, "rounding to zero"}})
+        expect_error_within(bound_ulp, worst_error(scalar_kernel(name), xs, exact, result, {rounding}), name,
+                            path);
+}
+
 std::vector<long double> sample_binades(int from, int to, std::size_t count, std::uint64_t seed)
 {
     Random random(seed);
@@ -122,6 +138,21 @@ std::vector<long double> sample_interval(long double from, long double to, std::
         sample.push_back(from * (1 - unit) + to * unit);
     }
     return sample;
+}
+
+std::vector<long double> arguments_of_midpoints(std::span<const long double> results, const Unary& inverse)
+{
+    std::vector<long double> arguments;
+    Exact midpoint;
+    Exact argument;
+    for (const long double result : results) {
+        mpfr_set_ld(midpoint.value, result, MPFR_RNDN);
+        mpfr_set_ui_2exp(argument.value, 1, mpfr_get_exp(midpoint.value) - 65, MPFR_RNDN);
+        mpfr_add(midpoint.value, midpoint.value, argument.value, MPFR_RNDN);
+        inverse(argument.value, midpoint.value);
+        arguments.push_back(mpfr_get_ld(argument.value, MPFR_RNDN));
+    }
+    return arguments;
 }
 
 std::vector<long double> neighbours(long double x, int radius)
@@ -155,6 +186,15 @@ void check_specials(const ScalarKernel& kernel, std::span<const SpecialScalar> c
             }
         }
     }
+}
+
+void check_pseudo_denormal(const ScalarKernel& kernel, int result)
+{
+    Bits80 normal = encoding::pseudo_denormal;
+    normal.sign_exponent = 1;
+    EXPECT_EQ(hex(chosen(call_scalar(kernel, encoding::pseudo_denormal), result)),
+              hex(chosen(call_scalar(kernel, normal), result)))
+        << kernel.symbol;
 }
 
 void check_nan_arguments(const ScalarKernel& kernel, int result, const Bits80& other)

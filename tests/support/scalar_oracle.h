@@ -30,6 +30,13 @@ WorstScalar worst_error(const ScalarKernel& kernel, std::span<const double> xs, 
 void expect_error_within(double bound_ulp, const WorstScalar& worst, const std::string& kernel,
                          const std::string& path);
 
+// The same for a routine of one implementation by name.
+void expect_errors_within(double bound_ulp, const char* name, const Unary& exact,
+                          std::span<const long double> xs, const char* path, int result = -1);
+// In the directed rounding modes, where one more ulp than half of one is the rounding's own.
+void expect_errors_in_directed_modes(double bound_ulp, const char* name, const Unary& exact,
+                                     std::span<const long double> xs, int result = -1);
+
 // Positive numbers with exponents from..to, about evenly spread over them (2^e <= x < 2^(e+1); below -16382
 // denormals): mostly random significands, some short ones and some next to a power of two.
 std::vector<long double> sample_binades(int from, int to, std::size_t count, std::uint64_t seed = 1);
@@ -38,6 +45,9 @@ inline constexpr int largest_exponent = 16383;
 // Uniform over an interval.
 std::vector<long double> sample_interval(long double from, long double to, std::size_t count,
                                          std::uint64_t seed = 1);
+// Arguments whose exact result lies about as near as can be to the midpoint of two numbers, near each of
+// `results`: the midpoint's inverse image, rounded.
+std::vector<long double> arguments_of_midpoints(std::span<const long double> results, const Unary& inverse);
 // x and its `radius` neighbours on both sides.
 std::vector<long double> neighbours(long double x, int radius);
 
@@ -57,5 +67,8 @@ void check_specials(const ScalarKernel& kernel, std::span<const SpecialScalar> c
 // For two arguments, `other` stands beside them in either place.
 void check_nan_arguments(const ScalarKernel& kernel, int result = -1,
                          const Bits80& other = encoding::plus_one);
+
+// A pseudo-denormal is the normal number with the same significand.
+void check_pseudo_denormal(const ScalarKernel& kernel, int result = -1);
 
 } // namespace zelk::test
