@@ -243,4 +243,67 @@ template <class Vector>
     return xmm0;
 }
 
+// Upper halves of the unsigned 16 x 16-bit products.
+ZELK_INLINE int4 multiply_high_16(int4 a, int4 b)
+{
+    return (int4)_mm_mulhi_epu16((__m128i)a, (__m128i)b);
+}
+
+// Rows (a, b, c, d) of four lanes to the columns' lanes.
+ZELK_INLINE void transpose(float4& a, float4& b, float4& c, float4& d)
+{
+    const float4 ab_low = _mm_unpacklo_ps(a, b);
+    const float4 cd_low = _mm_unpacklo_ps(c, d);
+    const float4 ab_high = _mm_unpackhi_ps(a, b);
+    const float4 cd_high = _mm_unpackhi_ps(c, d);
+    a = _mm_movelh_ps(ab_low, cd_low);
+    b = _mm_movehl_ps(cd_low, ab_low);
+    c = _mm_movelh_ps(ab_high, cd_high);
+    d = _mm_movehl_ps(cd_high, ab_high);
+}
+
+// The first and the second words of four rows of a table, by row numbers below 2^16.
+struct Pairf4 {
+    float4 first;
+    float4 second;
+};
+ZELK_INLINE Pairf4 gather_rows(const std::uint32_t (*rows)[2], int4 row)
+{
+    const auto load = [&](int low, int high) {
+        const __m128i words = _mm_loadl_epi64((const __m128i*)rows[low]);
+        return _mm_loadh_pi((__m128)words, (const __m64*)rows[high]);
+    };
+    const float4 rows01 = load(_mm_extract_epi16((__m128i)row, 0), _mm_extract_epi16((__m128i)row, 2));
+    const float4 rows23 = load(_mm_extract_epi16((__m128i)row, 4), _mm_extract_epi16((__m128i)row, 6));
+    return {_mm_shuffle_ps(rows01, rows23, 0x88), _mm_shuffle_ps(rows01, rows23, 0xDD)};
+}
+
+// The high words of both binary64 lanes, in the two low 32-bit lanes.
+ZELK_INLINE int4 gather_high_words(int4 x)
+{
+    return (int4)_mm_shuffle_epi32((__m128i)x, 0xDD);
+}
+
+// Lanes 2 and 3 in the place of lanes 0 and 1.
+ZELK_INLINE int4 high_lanes(int4 x)
+{
+    return (int4)_mm_shuffle_epi32((__m128i)x, 0xEE);
+}
+// The low (high) words of four 64-bit lanes, two in each vector.
+ZELK_INLINE int4 even_words(int4 low, int4 high)
+{
+    return (int4)_mm_shuffle_ps((__m128)low, (__m128)high, 0x88);
+}
+ZELK_INLINE int4 odd_words(int4 low, int4 high)
+{
+    return (int4)_mm_shuffle_ps((__m128)low, (__m128)high, 0xDD);
+}
+
+// All ones in the 64-bit lanes that are negative. The difference of two magnitudes' bit patterns is negative
+// where the first is the smaller: a comparison that raises nothing and takes a NaN for the largest number.
+ZELK_INLINE long2 negative_lanes(long2 x)
+{
+    return as_long2(high_words(as_int4(x)) >> 31);
+}
+
 } // namespace zelk::ZELK_TIER

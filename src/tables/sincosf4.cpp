@@ -4,57 +4,35 @@ namespace zelk::tables {
 
 const Sincosf4 sincosf4 = {
     .MMIABSMASK = mask32(0x7FFFFFFF),
+    .MMISIGNMASK = mask32(0x80000000),
     .MMIHUGE = mask32(0x461C4000),
     .flTwoPow30 = mask32(0x4E800000),
-    .sign_mask = mask32(0x80000000),
-    .MMSINVPI = splat32(0x3EA2F983),
-    .MMSPIo2 = splat32(0x3FC90FDB),
-    .MMS05 = splat32(0x3F000000),
-    .MMSPI1 = splat32(0x40490000),
-    .MMSPI2 = splat32(0x3A7DA000),
-    .MMSPI3 = splat32(0x34222000),
-    .MMSPI4 = splat32(0x2CB4611A),
-    .MMSA3 = splat32(0xBE2AAAA5),
-    .MMSA5 = splat32(0x3C088773),
-    .MMSA7 = splat32(0xB94FBAF1),
-    .MMSA9 = splat32(0x362F0519),
-    .dbInvPio2 = splat64(0x3FE45F306DC9C883),
-    .PI02C_0 = splat64(0x3FF921FA00000000),
-    .PI02C_1 = splat64(0x3EB5444300000000),
-    .PI02C_2 = splat64(0xBD473DCA00000000),
-    .PI02C_3 = splat64(0xBC03B39A00000000),
-    .PI02C_4 = splat64(0x3A945C06E0E68948),
-    .dbRS = splat64(0x4338000000000000),
-    .dbiOne = mask32(1),
-    .MSK_LOW_BIT = mask32(0xFFFFFFFE),
+    .MMIPARMASK = mask32(1),
+    .MMITWOMASK = mask32(2),
+    .MMSINVPI = splat32(0x3F22F983),
+    .MMSRSHIFT = splat32(0x4B400000),
+    .MMSPI1 = splat32(0x3FC90000),
+    .MMSPI2 = splat32(0x39FDA000),
+    .MMSPI3 = splat32(0x33A22000),
+    .MMSPI4 = splat32(0x2C34611A),
+    .MMSA1 = splat32(0xBE2AAAA3),
+    .MMSA2 = splat32(0x3C08839D),
+    .MMSA3 = splat32(0xB94CA1F0),
+    .MMSB0 = splat32(0x3F800000),
+    .MMSB1 = splat32(0xBF000000),
+    .MMSB2 = splat32(0x3D2AAAA5),
+    .MMSB3 = splat32(0xBAB6061A),
+    .MMSB4 = splat32(0x37CCF5CE),
 };
 
-const SpecTablef __spec_table_sinf = {
+const SpecTableSincosf __spec_table_sincosf = {
     .grid =
         {
-#include "tables/sinf4_grid.inc"
+#include "tables/sincosf4_grid.inc"
         },
-    .reduction =
-        {
-#include "tables/sincosf4_reduction.inc"
-        },
-};
-
-const SpecTablef __spec_table_cosf = {
-    .grid =
-        {
-#include "tables/cosf4_grid.inc"
-        },
-    .reduction =
-        {
-#include "tables/sincosf4_reduction.inc"
-        },
-};
-
-const SpecConstantsf spec_constantsf = {
-    .C1 = 0x1.37423899a1558p13, // 6 / (pi/128)^2
-    .C2 = 0x1.9f02f6222c720p11, // 2 / (pi/128)^2
-    .high_mask = 0xFFFFFFFFFF000000,
+    .pi_128 = binary64(0x3F9921FB54442D18),
+    .sine_2 = binary64(0xBF1A51A6625307D3),
+    .cosine_2 = binary64(0xBF33BD3CC9BE45DE),
 };
 
 } // namespace zelk::tables

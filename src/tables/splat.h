@@ -1,4 +1,4 @@
-// How the table modules write vector constants: from bit patterns, the value in every lane.
+// How the table modules write constants: from bit patterns; vectors have the value in every lane.
 #pragma once
 
 #include "lanes/types.h"
@@ -14,6 +14,10 @@ constexpr double2 splat64(std::uint64_t bits)
 {
     const double x = __builtin_bit_cast(double, bits);
     return double2{x, x};
+}
+constexpr double binary64(std::uint64_t bits)
+{
+    return __builtin_bit_cast(double, bits);
 }
 constexpr int4 mask32(std::uint32_t bits)
 {

@@ -3,20 +3,20 @@
 // reduction is done in binary64. Beyond, and for infinities and NaNs, lane by lane from a table of sine and
 // cosine.
 #include "dispatch/kernels.h"
-#include "trig/sincosf4.h"
+#include "trig/sin_cosf4.h"
 
 namespace zelk::ZELK_TIER {
 
-using tables::Sincosf4;
+using tables::SinCosf4;
 
-ZELK_INLINE Reducedf4 reduce_in_binary32(float4 x, const Sincosf4& k)
+ZELK_INLINE Reducedf4 reduce_in_binary32(float4 x, const SinCosf4& k)
 {
     const int4 n = round_to_int(x * k.MMSINVPI);
     return subtract_multiple_of_pi(x, to_float4(n), n, k);
 }
 
 // |x| = quadrant pi/2 + r with an even quadrant, so that sin |x| = (-1)^(quadrant/2) sin r.
-ZELK_INLINE Reducedf4 reduce_medium(float4 x, const Sincosf4& k)
+ZELK_INLINE Reducedf4 reduce_medium(float4 x, const SinCosf4& k)
 {
     const float4 magnitude = as_float4(as_int4(x) & k.MMIABSMASK);
     const double2 low = widen_low(magnitude);
@@ -30,7 +30,7 @@ ZELK_INLINE Reducedf4 reduce_medium(float4 x, const Sincosf4& k)
 {
     if ((__builtin_bit_cast(std::uint32_t, x) & 0x7F800000) == 0x7F800000) return x - x;
     const auto& table = tables::__spec_table_sinf;
-    const GridPoint point = reduce_to_grid(x, table);
+    const GridPoint point = reduce_to_grid(x, table.reduction);
     const std::uint32_t quadrant = (point.n >> 6) & 3;
     return evaluate_on_grid(grid_entry(point.n, table), point.f, quadrant == 1 || quadrant == 2,
                             quadrant >= 2);
@@ -39,7 +39,7 @@ ZELK_INLINE Reducedf4 reduce_medium(float4 x, const Sincosf4& k)
 // Lanes of `beyond` have |x| > 10000, or are infinite or NaN.
 [[gnu::noinline, gnu::cold]] static float4 spec_ssin4(float4 x, int4 beyond)
 {
-    const auto& k = tables::sincosf4;
+    const auto& k = tables::sin_cosf4;
     // Lanes that the binary32 path cannot take pass through it as zeros: they must not raise anything there.
     const Reducedf4 ordinary = reduce_in_binary32(as_float4(as_int4(x) & ~beyond), k);
     const int4 huge = (as_int4(x) & k.MMIABSMASK) > k.flTwoPow30;
@@ -54,7 +54,7 @@ ZELK_INLINE Reducedf4 reduce_medium(float4 x, const Sincosf4& k)
 
 float4 sinf4(float4 x)
 {
-    const auto& k = tables::sincosf4;
+    const auto& k = tables::sin_cosf4;
     const int4 beyond = beyond_bound(x, k);
     if (lane_mask(beyond) != 0) [[unlikely]]
         return spec_ssin4(x, beyond);

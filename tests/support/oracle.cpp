@@ -81,12 +81,14 @@ double lane_of(const Vec128& v, std::size_t lane, double)
 }
 
 template <class T, class Evaluate>
-Worst search(const void* kernel, std::span<const T> xs, std::span<const T> ys, bool second, Evaluate evaluate)
+Worst search(const void* kernel, std::span<const T> xs, std::span<const T> ys, bool second, Rounding rounding,
+             Evaluate evaluate)
 {
     Worst worst;
+    Vec128 stored; // for kernels that store their second result too
     for (std::size_t i = 0; i < xs.size(); i += lane_count<T>) {
         const Vec128 b = ys.empty() ? Vec128{} : gather(ys, i);
-        const Result result = call(kernel, gather(xs, i), b);
+        const Result result = call(kernel, gather(xs, i), b, {}, &stored, rounding);
         for (std::size_t lane = 0; lane < std::min(lane_count<T>, xs.size() - i); ++lane) {
             const T got = lane_of(second ? result.second : result.first, lane, T{});
             const double error = ulp_error(got, evaluate(i + lane));
@@ -99,11 +101,12 @@ Worst search(const void* kernel, std::span<const T> xs, std::span<const T> ys, b
 }
 
 template <class T>
-Worst search_unary(const void* kernel, std::span<const T> xs, bool second, const Unary& exact)
+Worst search_unary(const void* kernel, std::span<const T> xs, bool second, const Unary& exact,
+                   Rounding rounding = Rounding::nearest)
 {
     Exact x;
     Exact value;
-    return search<T>(kernel, xs, {}, second, [&](std::size_t i) -> mpfr_srcptr {
+    return search<T>(kernel, xs, {}, second, rounding, [&](std::size_t i) -> mpfr_srcptr {
         mpfr_set_d(x.value, static_cast<double>(xs[i]), MPFR_RNDN);
         exact(value.value, x.value);
         return value.value;
@@ -116,12 +119,33 @@ Worst search_binary(const void* kernel, std::span<const T> xs, std::span<const T
     Exact x;
     Exact y;
     Exact value;
-    return search<T>(kernel, xs, ys, false, [&](std::size_t i) -> mpfr_srcptr {
+    return search<T>(kernel, xs, ys, false, Rounding::nearest, [&](std::size_t i) -> mpfr_srcptr {
         mpfr_set_d(x.value, static_cast<double>(xs[i]), MPFR_RNDN);
         mpfr_set_d(y.value, static_cast<double>(ys[i]), MPFR_RNDN);
         exact(value.value, x.value, y.value);
         return value.value;
     });
+}
+
+template <class T>
+double search_absolute(const void* kernel, std::span<const T> xs, const Unary& exact, Rounding rounding,
+                       bool second)
+{
+    double worst = 0;
+    Exact value;
+    Vec128 stored; // for kernels that store their second result too
+    for (std::size_t i = 0; i < xs.size(); i += lane_count<T>) {
+        const Result result = call(kernel, gather(xs, i), {}, {}, &stored, rounding);
+        for (std::size_t lane = 0; lane < std::min(lane_count<T>, xs.size() - i); ++lane) {
+            const T got = lane_of(second ? result.second : result.first, lane, T{});
+            mpfr_set_d(value.value, static_cast<double>(xs[i + lane]), MPFR_RNDN);
+            exact(value.value, value.value);
+            mpfr_sub_d(value.value, value.value, static_cast<double>(got), MPFR_RNDN);
+            const double error = std::fabs(mpfr_get_d(value.value, MPFR_RNDU));
+            if (!(error <= worst)) worst = error;
+        }
+    }
+    return worst;
 }
 
 // Bit patterns in the order of the numbers they stand for.
@@ -181,6 +205,14 @@ std::vector<T> around(T x, int radius)
     return sample;
 }
 
+template <class T>
+void expect_directed(double bound_ulp, const Kernel& kernel, std::span<const T> xs, const Unary& exact)
+{
+    for (const Rounding rounding : {Rounding::down, Rounding::up, Rounding::zero})
+        expect_error_within(bound_ulp, worst_error(kernel.address, xs, exact, rounding), kernel.symbol,
+                            "rounding " + std::to_string(static_cast<unsigned>(rounding)));
+}
+
 } // namespace
 
 double ulp_error(float got, mpfr_srcptr exact)
@@ -210,13 +242,34 @@ void expect_error_within(double bound_ulp, const Worst& worst, const std::string
     EXPECT_LE(worst.ulp, bound_ulp) << kernel << ", " << path << ": " << worst.text();
 }
 
-Worst worst_error(const void* kernel, std::span<const float> xs, const Unary& exact)
+void expect_directed_error_within(double bound_ulp, const Kernel& kernel, std::span<const float> xs,
+                                  const Unary& exact)
 {
-    return search_unary(kernel, xs, false, exact);
+    expect_directed(bound_ulp, kernel, xs, exact);
 }
-Worst worst_error(const void* kernel, std::span<const double> xs, const Unary& exact)
+void expect_directed_error_within(double bound_ulp, const Kernel& kernel, std::span<const double> xs,
+                                  const Unary& exact)
 {
-    return search_unary(kernel, xs, false, exact);
+    expect_directed(bound_ulp, kernel, xs, exact);
+}
+
+Worst worst_error(const void* kernel, std::span<const float> xs, const Unary& exact, Rounding rounding)
+{
+    return search_unary(kernel, xs, false, exact, rounding);
+}
+Worst worst_error(const void* kernel, std::span<const double> xs, const Unary& exact, Rounding rounding)
+{
+    return search_unary(kernel, xs, false, exact, rounding);
+}
+double worst_absolute_error(const void* kernel, std::span<const float> xs, const Unary& exact,
+                            Rounding rounding, bool second)
+{
+    return search_absolute(kernel, xs, exact, rounding, second);
+}
+double worst_absolute_error(const void* kernel, std::span<const double> xs, const Unary& exact,
+                            Rounding rounding, bool second)
+{
+    return search_absolute(kernel, xs, exact, rounding, second);
 }
 Worst worst_error_second(const void* kernel, std::span<const float> xs, const Unary& exact)
 {

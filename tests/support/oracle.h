@@ -20,7 +20,7 @@ namespace zelk::test {
 
 class Exact {
 public:
-    Exact() { mpfr_init2(value, 220); }
+    explicit Exact(mpfr_prec_t precision = 220) { mpfr_init2(value, precision); }
     ~Exact() { mpfr_clear(value); }
     Exact(const Exact&) = delete;
     Exact& operator=(const Exact&) = delete;
@@ -38,7 +38,8 @@ double ulp_error(float got, mpfr_srcptr exact);
 double ulp_error(double got, mpfr_srcptr exact);
 double ulp_error(long double got, mpfr_srcptr exact);
 
-// The largest error of a kernel over many arguments, all lanes used.
+// The largest error of a kernel over many arguments, all lanes used. In directed rounding modes a result on
+// the wrong side counts like any other.
 struct Worst {
     double ulp = 0;
     double x = 0;
@@ -46,8 +47,10 @@ struct Worst {
     double got = 0;
     std::string text() const;
 };
-Worst worst_error(const void* kernel, std::span<const float> xs, const Unary& exact);
-Worst worst_error(const void* kernel, std::span<const double> xs, const Unary& exact);
+Worst worst_error(const void* kernel, std::span<const float> xs, const Unary& exact,
+                  Rounding rounding = Rounding::nearest);
+Worst worst_error(const void* kernel, std::span<const double> xs, const Unary& exact,
+                  Rounding rounding = Rounding::nearest);
 Worst worst_error(const void* kernel, std::span<const float> xs, std::span<const float> ys,
                   const Binary& exact);
 Worst worst_error(const void* kernel, std::span<const double> xs, std::span<const double> ys,
@@ -56,9 +59,20 @@ Worst worst_error(const void* kernel, std::span<const double> xs, std::span<cons
 Worst worst_error_second(const void* kernel, std::span<const float> xs, const Unary& exact);
 Worst worst_error_second(const void* kernel, std::span<const double> xs, const Unary& exact);
 
+// The largest |got - exact| in any rounding mode, of the first or the second result.
+double worst_absolute_error(const void* kernel, std::span<const float> xs, const Unary& exact,
+                            Rounding rounding, bool second = false);
+double worst_absolute_error(const void* kernel, std::span<const double> xs, const Unary& exact,
+                            Rounding rounding, bool second = false);
+
 // Fails if the error is above the bound; prints what was measured in any case.
 void expect_error_within(double bound_ulp, const Worst& worst, const std::string& kernel,
                          const std::string& path);
+// The same for the three directed rounding modes together.
+void expect_directed_error_within(double bound_ulp, const Kernel& kernel, std::span<const float> xs,
+                                  const Unary& exact);
+void expect_directed_error_within(double bound_ulp, const Kernel& kernel, std::span<const double> xs,
+                                  const Unary& exact);
 
 // Arguments. Every sequence is reproducible. The environment variable ZELK_SURVEY multiplies the counts, for
 // a measurement that takes longer than a test should.

@@ -4,6 +4,7 @@
 
 #include <bit>
 #include <cmath>
+#include <vector>
 
 namespace zelk::test {
 
@@ -101,6 +102,59 @@ void check_specials(const Kernel& kernel, std::span<const Special<double>> cases
                     OrdinaryLanes ordinary, std::span<const Rounding> roundings, double ordinary_y)
 {
     check<double>(kernel, cases, ordinary_x, ordinary, roundings, ordinary_y);
+}
+
+void check_lanes_independent(const Kernel& kernel, std::span<const std::uint32_t> arguments,
+                             std::span<const Rounding> roundings)
+{
+    std::vector<std::uint32_t> patterns;
+    for (const std::uint32_t argument : arguments)
+        for (const std::uint32_t offset : {~0u, 0u, 1u})
+            patterns.push_back(argument + offset);
+    for (const Rounding rounding : roundings) {
+        const auto call_rounding = [&](const Vec128& x) {
+            return call(kernel.address, x, {}, {}, nullptr, rounding);
+        };
+        std::vector<Result> alone;
+        for (const std::uint32_t x : patterns)
+            alone.push_back(call_rounding(words(x, x, x, x)));
+        for (std::size_t first = 0; first < patterns.size(); ++first) {
+            for (std::size_t second = 0; second < patterns.size(); ++second) {
+                for (unsigned arrangement = 1; arrangement < 15; ++arrangement) {
+                    Vec128 x;
+                    Vec128 expected;
+                    for (std::size_t lane = 0; lane < 4; ++lane) {
+                        const std::size_t which = arrangement >> lane & 1 ? first : second;
+                        x.u[lane] = patterns[which];
+                        expected.u[lane] = alone[which].first.u[lane];
+                    }
+                    const Result mixed = call_rounding(x);
+                    const unsigned flags = (alone[first].flags | alone[second].flags) & loud_flags;
+                    ASSERT_TRUE(same_bits(mixed.first, expected) && (mixed.flags & loud_flags) == flags)
+                        << kernel.symbol << ' ' << hex(x) << ", rounding " << static_cast<unsigned>(rounding)
+                        << ": " << hex(mixed.first) << " raising " << flag_names(mixed.flags & loud_flags)
+                        << ", lanes alone give " << hex(expected) << " raising " << flag_names(flags);
+                }
+            }
+        }
+    }
+}
+
+void check_same_results(std::span<const Kernel> kernels, std::span<const float> arguments,
+                        std::span<const Rounding> roundings)
+{
+    for (const Rounding rounding : roundings) {
+        for (std::size_t i = 0; i + 4 <= arguments.size(); i += 4) {
+            const Vec128 x = floats(arguments[i], arguments[i + 1], arguments[i + 2], arguments[i + 3]);
+            const Result expected = call(kernels[0].address, x, {}, {}, nullptr, rounding);
+            for (const Kernel& kernel : kernels.subspan(1)) {
+                const Result got = call(kernel.address, x, {}, {}, nullptr, rounding);
+                ASSERT_TRUE(same_bits(got.first, expected.first))
+                    << kernel.symbol << ' ' << hex(x) << ", rounding " << static_cast<unsigned>(rounding)
+                    << ": " << hex(got.first) << ", " << kernels[0].symbol << ' ' << hex(expected.first);
+            }
+        }
+    }
 }
 
 } // namespace zelk::test

@@ -34,6 +34,16 @@ void check_specials(const Kernel& kernel, std::span<const Special<double>> cases
                     OrdinaryLanes ordinary, std::span<const Rounding> roundings = all_roundings,
                     double ordinary_y = 0);
 
+// Every lane on its own: the given bit patterns and their neighbours, two at a time in every arrangement over
+// the four lanes. A lane gives the same bits beside any other, and a vector raises the loud flags of its
+// lanes, no more, no less.
+void check_lanes_independent(const Kernel& kernel, std::span<const std::uint32_t> arguments,
+                             std::span<const Rounding> roundings = all_roundings);
+
+// All kernels give the same bits for the same arguments.
+void check_same_results(std::span<const Kernel> kernels, std::span<const float> arguments,
+                        std::span<const Rounding> roundings = all_roundings);
+
 // Constants, not functions: a function would return them through the x87 stack on i386, which quiets them.
 inline constexpr float signalling_nan_f = __builtin_bit_cast(float, 0x7FA00000u);
 inline constexpr double signalling_nan_d = __builtin_bit_cast(double, std::uint64_t{0x7FF4000000000000});

@@ -1,0 +1,27 @@
+// Constants of double precision ln x.
+#pragma once
+
+#include "tables/log_d2.h"
+
+namespace zelk::tables {
+
+struct Log2 {
+    long2 iHi43Bits;  // exponent and the upper 31 fraction bits
+    double2 dbOne;    // 1
+    double2 dbLog2Hi; // ln 2 = Log2Hi + Log2Lo; 11 trailing zero bits in Log2Hi
+    double2 dbLog2Lo;
+    double2 dbP1; // ln(1 + r) = r + P1 r^2 + P2 r^3 + ...
+    double2 dbP2;
+    double2 dbP3;
+    double2 dbP4;
+    double2 dbP5;
+    double2 dbP6;           // tier A
+    double2 s_db1022xLn2;   // -1022 ln 2 = 1022xLn2 + 1022xLn2Lo
+    double2 s_db1022xLn2Lo; // not tier A
+};
+ZELK_TABLE Log2 log2_A;
+ZELK_TABLE Log2 log2_L;
+ZELK_TABLE LogRow log2_BT_Tbl_A[65];
+ZELK_TABLE LogRow log2_BT_Tbl_L[257];
+
+} // namespace zelk::tables

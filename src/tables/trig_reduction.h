@@ -1,0 +1,34 @@
+// Constants of the reduction by multiples of pi/2 that tangent and the sine-cosine pairs use.
+#pragma once
+
+#include "tables/splat.h"
+
+namespace zelk::tables {
+
+struct TrigReduction {
+    // Multiples of pi/4 and pi/2 in five parts. The first four have at most 21 significant bits: their
+    // products with an integer below 2^31 are exact.
+    double2 _PI04_21x5[5];
+    double2 _PIO2_21x5[5];
+
+    // Vectors below 2^30.
+    double2 dbInvPio4; // 4/pi
+    int4 dbiOne;
+    int4 MSK_LOW_BIT; // clears bit 0
+
+    // The scalar routine.
+    double _PI02_INV;     // 2/pi
+    double _PI04_INV;     // 4/pi
+    double _PI02;         // pi/2
+    double _PI04;         // pi/4
+    double _TWO_26H;      // 1.5 * 2^26, splits a number
+    double _zero_none[2]; // 0 and -1, the parity correction
+    double _PIO2_25x2[2]; // pi/2 and pi/4: 23 significant bits, and the rest
+    double _PI04_25x2[2];
+    // (4/pi) 2^200 and (2/pi) 2^200 in pieces of 25 bits, each at its own weight; patterns of binary64.
+    std::uint64_t _DP[52];
+    std::uint64_t _DDP[52];
+};
+ZELK_TABLE TrigReduction trig_reduction;
+
+} // namespace zelk::tables
