@@ -1,9 +1,15 @@
 # libbrava, the processor-feature runtime, and libzelk itself.
 
-add_library(brava SHARED runtime/brava.cpp)
-target_compile_options(brava PRIVATE -O2 -fvisibility=hidden -fno-exceptions -fno-rtti -mgeneral-regs-only
-                                     -fcf-protection=full)
-target_include_directories(brava PUBLIC runtime)
+# Every library is linked twice, shared and static, from the same objects.
+add_library(brava-objects OBJECT runtime/brava.cpp)
+target_compile_options(brava-objects PRIVATE -O2 -fPIC -fvisibility=hidden -fno-exceptions -fno-rtti -mgeneral-regs-only
+                                             -fcf-protection=full)
+add_library(brava SHARED $<TARGET_OBJECTS:brava-objects>)
+add_library(brava_static STATIC $<TARGET_OBJECTS:brava-objects>)
+foreach(library brava brava_static)
+    target_include_directories(${library} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/runtime>)
+    set_target_properties(${library} PROPERTIES LINKER_LANGUAGE CXX)
+endforeach()
 target_link_options(brava PRIVATE -nostdlib -Wl,-z,defs)
 set_target_properties(brava PROPERTIES VERSION 1.0.0 SOVERSION 1)
 
@@ -61,7 +67,7 @@ function(tiers_of name result)
         set(${result} A PARENT_SCOPE) # one hidden routine for all kernels
     elseif(ZELK_TARGET STREQUAL x86_64)
         set(${result} A L PARENT_SCOPE)
-    elseif(name MATCHES "f[42]$")
+    elseif(name MATCHES "f4$|^c.+f2$") # erf2 is on double2
         set(${result} J L N PARENT_SCOPE) # A: SSE and x87 only, not built yet
     elseif(name MATCHES "(div|rem)4$")
         set(${result} A J L N PARENT_SCOPE)
@@ -100,24 +106,35 @@ target_compile_options(zelk-common PRIVATE $<$<COMPILE_LANGUAGE:CXX>:${library_o
                                            $<$<COMPILE_LANGUAGE:ASM>:-fcf-protection=full>)
 target_include_directories(zelk-common PRIVATE src)
 set_property(SOURCE src/dispatch/dispatchers.S APPEND PROPERTY OBJECT_DEPENDS
-             ${CMAKE_SOURCE_DIR}/src/dispatch/entries.def)
+             ${PROJECT_SOURCE_DIR}/src/dispatch/entries.def)
 
 # The exported names, from the list of entries.
-set(export_map ${CMAKE_BINARY_DIR}/exports.map)
+set(export_map ${PROJECT_BINARY_DIR}/exports.map)
 separate_arguments(target_flags UNIX_COMMAND "${CMAKE_CXX_FLAGS}")
 add_custom_command(
     OUTPUT ${export_map}
-    COMMAND ${CMAKE_CXX_COMPILER} ${target_flags} -E -P -x c -I ${CMAKE_SOURCE_DIR}/src
-            ${CMAKE_SOURCE_DIR}/src/dispatch/exports.map.in -o ${export_map}
+    COMMAND ${CMAKE_CXX_COMPILER} ${target_flags} -E -P -x c -I ${PROJECT_SOURCE_DIR}/src
+            ${PROJECT_SOURCE_DIR}/src/dispatch/exports.map.in -o ${export_map}
     DEPENDS src/dispatch/exports.map.in src/dispatch/entries.def
     VERBATIM)
 add_custom_target(zelk-export-map DEPENDS ${export_map})
 
 add_library(zelk SHARED $<TARGET_OBJECTS:zelk-common> ${library_objects})
 add_dependencies(zelk zelk-export-map)
-target_include_directories(zelk PUBLIC include)
 target_link_libraries(zelk PRIVATE brava)
 target_link_options(zelk PRIVATE -nostdlib -Wl,-z,defs -Wl,-z,noexecstack -Wl,-Bsymbolic
                                  -Wl,--version-script=${export_map})
 set_target_properties(zelk PROPERTIES VERSION 1.0.0 SOVERSION 1 LINK_DEPENDS ${export_map}
                                       LINKER_LANGUAGE CXX)
+
+add_library(zelk_static STATIC $<TARGET_OBJECTS:zelk-common> ${library_objects})
+target_link_libraries(zelk_static PUBLIC brava_static)
+set_target_properties(zelk_static PROPERTIES LINKER_LANGUAGE CXX)
+foreach(library zelk zelk_static)
+    target_include_directories(${library} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
+                                                 $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+    # The headers pass vectors in registers, which 32-bit compilers have to be told.
+    if(ZELK_TARGET STREQUAL i386)
+        target_compile_options(${library} INTERFACE -msse2)
+    endif()
+endforeach()

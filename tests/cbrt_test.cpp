@@ -150,6 +150,41 @@ TEST(Cbrt, SubnormalBesideOrdinary)
         }
 }
 
+// Tier A rounds the magnitude of the root, the other tiers the root with its sign: in directed modes these
+// differ. The bits are those of a second implementation of the steps, lane by lane in scalar arithmetic.
+TEST(Cbrt, SignInDirectedModes)
+{
+    const Vec128 x = floats(-2.5f, 2.5f, -1.7f, 1.7f);
+    const struct {
+        Rounding rounding;
+        Vec128 tier_A;
+        Vec128 others;
+    } rows[] = {
+        {Rounding::nearest, words(0xBFADB905, 0x3FADB905, 0xBF98C40F, 0x3F98C40F),
+         words(0xBFADB905, 0x3FADB905, 0xBF98C40F, 0x3F98C40F)},
+        {Rounding::down, words(0xBFADB903, 0x3FADB903, 0xBF98C40E, 0x3F98C40E),
+         words(0xBFADB907, 0x3FADB905, 0xBF98C40F, 0x3F98C40E)},
+        {Rounding::up, words(0xBFADB907, 0x3FADB907, 0xBF98C410, 0x3F98C410),
+         words(0xBFADB905, 0x3FADB907, 0xBF98C40E, 0x3F98C40F)},
+        {Rounding::zero, words(0xBFADB903, 0x3FADB903, 0xBF98C40E, 0x3F98C40E),
+         words(0xBFADB905, 0x3FADB905, 0xBF98C40E, 0x3F98C40E)},
+    };
+    for (const auto& row : rows)
+        for (const auto& kernel : entry("cbrtf4").kernels) {
+            EXPECT_EQ(hex(call(kernel.address, x, {}, {}, nullptr, row.rounding).first),
+                      hex(kernel.tier == 'A' ? row.tier_A : row.others))
+                << kernel.symbol << ", rounding " << static_cast<unsigned>(row.rounding);
+            // An irregular lane beside them changes nothing.
+            Vec128 irregular = x;
+            irregular.f[3] = -0.0f;
+            Vec128 expected = kernel.tier == 'A' ? row.tier_A : row.others;
+            expected.f[3] = -0.0f;
+            EXPECT_EQ(hex(call(kernel.address, irregular, {}, {}, nullptr, row.rounding).first),
+                      hex(expected))
+                << kernel.symbol << ", rounding " << static_cast<unsigned>(row.rounding);
+        }
+}
+
 TEST(Cbrt, Landmarks)
 {
     const struct {

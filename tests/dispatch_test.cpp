@@ -3,6 +3,7 @@
 // caller.
 #include "call.h"
 #include "entries.h"
+#include "scalar_call.h"
 
 #include "brava.h"
 
@@ -21,20 +22,6 @@
 
 namespace zelk::test {
 namespace {
-
-std::uint32_t mask_of(char tier)
-{
-    switch (tier) {
-    case 'N':
-        return 0xFFFFE000;
-    case 'L':
-        return 0xFFFFF800;
-    case 'J':
-        return 0xFFFFFE00;
-    default:
-        return 0xFFFFFFFF;
-    }
-}
 
 // A word that is set for the life of the object.
 class Indicator {
@@ -112,32 +99,58 @@ protected:
     struct sigaction saved_ = {};
 };
 
-TEST_F(Dispatch, EveryEntryForEveryLevel)
+void expect_tiers_by_level(const Entry& entry)
 {
     std::vector<std::uint32_t> words = {0xFFFFFFFF, 0x000001FF, 0x000007FF, 0x00001FFF, 0x00003FFF};
     for (int bit = 0; bit < 32; ++bit)
         words.push_back(1u << bit);
-    for (const Entry& entry : entries()) {
-        const Breakpoints breakpoints(entry);
-        for (const std::uint32_t word : words) {
-            const Indicator indicator(word);
-            char expected = '?';
-            for (const char tier : entry.tiers) {
-                // i386: J stands in for a tier A that is not built, and is then reached by any bit.
-                const bool last = tier == entry.tiers.back();
-                if (!(word & mask_of(tier)) && !last) continue;
-                expected = tier;
-                break;
-            }
-            const Vec128 argument = quads(0x0123456789ABCDEF, 0xFEDCBA9876543210);
-            Result result;
-            EXPECT_EQ(tier_reached(entry, argument, result), expected)
-                << entry.symbol << " word " << std::hex << word;
-            // Nothing between the caller and the kernel touched the arguments: the breakpoint returned them.
-            EXPECT_TRUE(same_bits(result.first, argument)) << entry.symbol;
-            EXPECT_TRUE(same_bits(result.second, quads(5, 6))) << entry.symbol;
-            EXPECT_EQ(result.flags, 0u) << entry.symbol;
+    const Breakpoints breakpoints(entry);
+    for (const std::uint32_t word : words) {
+        const Indicator indicator(word);
+        char expected = '?';
+        for (const char tier : entry.tiers) {
+            // i386: J stands in for a tier A that is not built, and is then reached by any bit.
+            const bool last = tier == entry.tiers.back();
+            if (!(word & tier_mask(tier)) && !last) continue;
+            expected = tier;
+            break;
         }
+        const Vec128 argument = quads(0x0123456789ABCDEF, 0xFEDCBA9876543210);
+        Result result;
+        EXPECT_EQ(tier_reached(entry, argument, result), expected)
+            << entry.symbol << " word " << std::hex << word;
+        // Nothing between the caller and the kernel touched the arguments: the breakpoint returned them.
+        EXPECT_TRUE(same_bits(result.first, argument)) << entry.symbol;
+        EXPECT_TRUE(same_bits(result.second, quads(5, 6))) << entry.symbol;
+        EXPECT_EQ(result.flags, 0u) << entry.symbol;
+    }
+}
+
+TEST_F(Dispatch, EveryEntryForEveryLevel)
+{
+    for (const Entry& entry : entries())
+        expect_tiers_by_level(entry);
+}
+
+TEST_F(Dispatch, EveryScalarRoutineForEveryLevel)
+{
+    for (const ScalarEntry& scalar : scalar_entries()) {
+        if (scalar.tiers.empty()) continue;
+        std::vector<Kernel> kernels;
+        for (const ScalarKernel& kernel : tier_kernels(scalar.name))
+            kernels.push_back({kernel.symbol, kernel.tier, kernel.address});
+        expect_tiers_by_level({scalar.name,
+                               scalar.name,
+                               Lanes::scalar,
+                               1,
+                               Results::one,
+                               scalar.tiers,
+                               MaskKind::Z,
+                               {0, 0},
+                               "",
+                               exported(scalar.name),
+                               "",
+                               kernels});
     }
 }
 

@@ -87,8 +87,9 @@ TEST(Masked, ActiveLanesOnly)
         ASSERT_NE(exported(entry.masked), nullptr) << entry.masked;
         const Vec128 fill_a = splat(entry, entry.substitute[0]);
         const Vec128 fill_b = splat(entry, entry.substitute[1]);
+        const double inside_domain = entry.name.starts_with("acosh") ? 1.75 : 0.75;
         const Vec128 ordinary_a =
-            splat(entry, entry.lanes == Lanes::i4 || entry.lanes == Lanes::u4 ? 100 : 0.75);
+            splat(entry, entry.lanes == Lanes::i4 || entry.lanes == Lanes::u4 ? 100 : inside_domain);
         const Vec128 ordinary_b = splat(entry, 3.0);
         for (unsigned active = 1; active < 1u << lane_count(entry); ++active) {
             const Vec128 mask = mask_of(entry, active);

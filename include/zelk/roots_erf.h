@@ -6,21 +6,21 @@
 
 ZELK_BEGIN_DECLARATIONS
 
-/* Square roots. The fast paths start from the processor's reciprocal square root estimate: their last bit may differ
- * between processor models. */
+/* Square roots. The fast paths start from the processor's reciprocal square root estimate: their last bit may
+ * differ between processor models. */
 
 /* sqrt x on four binary32 lanes, x >= 0.
- * Error: 3.7 ulp when all lanes are positive normal finite numbers; otherwise all lanes are correctly rounded.
- * Special: -0 gives -0, +inf gives +inf; a negative number or -inf gives NaN and raises invalid; a NaN gives the
- * quieted NaN, a signalling one raises invalid.
- * Method: x times the estimate of 1/sqrt x refined by one Newton step; the hardware square root otherwise. */
+ * Error: 3.7 ulp when all lanes are positive normal finite numbers; otherwise all lanes are correctly
+ * rounded. Special: -0 gives -0, +inf gives +inf; a negative number or -inf gives NaN and raises invalid; a
+ * NaN gives the quieted NaN, a signalling one raises invalid. Method: x times the estimate of 1/sqrt x
+ * refined by one Newton step; the hardware square root otherwise. */
 zelk_float4 __zelk_sqrtf4(zelk_float4 x);
 
 /* 1/sqrt x on four binary32 lanes, x > 0.
  * Error: 2.45 ulp; subnormal x 1.5 ulp.
- * Special: +0 (-0) gives +inf (-inf) and raises divide-by-zero; +inf gives +0; a negative number or -inf gives NaN and
- * raises invalid; a NaN gives the quieted NaN, a signalling one raises invalid.
- * Method: the processor's estimate and one Newton step; special lanes by square root and division. */
+ * Special: +0 (-0) gives +inf (-inf) and raises divide-by-zero; +inf gives +0; a negative number or -inf
+ * gives NaN and raises invalid; a NaN gives the quieted NaN, a signalling one raises invalid. Method: the
+ * processor's estimate and one Newton step; special lanes by square root and division. */
 zelk_float4 __zelk_invsqrtf4(zelk_float4 x);
 
 /* sqrt x on two binary64 lanes, x >= 0. Correctly rounded in every rounding mode.
@@ -30,13 +30,13 @@ zelk_double2 __zelk_sqrt2(zelk_double2 x);
 
 /* 1/sqrt x on two binary64 lanes, x > 0.
  * Error: 0.51 ulp.
- * Special: +0 (-0) gives +inf (-inf), +inf gives +0, a negative number or -inf gives NaN, all without a flag; a NaN
- * gives the quieted NaN, a signalling one raises invalid.
- * Method: a 21-bit estimate from binary32 and the Taylor polynomial of (1 + e)^(-1/2) of degree 5 in its residual. */
+ * Special: +0 (-0) gives +inf (-inf), +inf gives +0, a negative number or -inf gives NaN, all without a flag;
+ * a NaN gives the quieted NaN, a signalling one raises invalid. Method: a 21-bit estimate from binary32 and
+ * the Taylor polynomial of (1 + e)^(-1/2) of degree 5 in its residual. */
 zelk_double2 __zelk_invsqrt2(zelk_double2 x);
 
-/* sqrt x of one number by the x87 square root, rounded to the x87's precision and then to the type's. Error: 0.5005 ulp
- * (double), 0.5 ulp (float, long double). Special: as __zelk_sqrtf4. */
+/* sqrt x of one number by the x87 square root, rounded to the x87's precision and then to the type's. Error:
+ * 0.5005 ulp (double), 0.5 ulp (float, long double). Special: as __zelk_sqrtf4. */
 double sqrt_scalar(double x);
 float sqrtf_scalar(float x);
 long double sqrtl_scalar(long double x);
@@ -46,28 +46,28 @@ long double sqrtl_scalar(long double x);
 /* Cube root on four binary32 lanes.
  * Error: 2.36 ulp (tier A), 1.95 ulp (other tiers).
  * Special: zeros and infinities give themselves; a NaN gives a quiet NaN, a signalling one raises invalid.
- * Method: exponent divided by 3 in integers; a quadratic per 1/64 of the significand's range (tier A), or a table
- * reciprocal and the series of (1 + u)^(1/3). */
+ * Method: exponent divided by 3 in integers; a quadratic per 1/64 of the significand's range (tier A), or a
+ * table reciprocal and the series of (1 + u)^(1/3). */
 zelk_float4 __zelk_cbrtf4(zelk_float4 x);
 
 /* 1/cbrt x on four binary32 lanes.
  * Error: 2.83 ulp; powers of 8 are not exact.
- * Special: +0 (-0) gives +inf (-inf) and raises divide-by-zero; +inf (-inf) gives +0 (-0); a NaN gives a quiet NaN, a
- * signalling one raises invalid.
- * Method: a polynomial of degree 7 in the significand, in binary64. */
+ * Special: +0 (-0) gives +inf (-inf) and raises divide-by-zero; +inf (-inf) gives +0 (-0); a NaN gives a
+ * quiet NaN, a signalling one raises invalid. Method: a polynomial of degree 7 in the significand, in
+ * binary64. */
 zelk_float4 __zelk_invcbrtf4(zelk_float4 x);
 
 /* Cube root on two binary64 lanes.
  * Error: 6.9 ulp.
  * Special: as __zelk_cbrtf4.
- * Method: x z^2 with z = |x|^(-1/3) from a quadratic per 1/128 of the significand's range and one Newton step. */
+ * Method: x z^2 with z = |x|^(-1/3) from a quadratic per 1/128 of the significand's range and one Newton
+ * step. */
 zelk_double2 __zelk_cbrt2(zelk_double2 x);
 
 /* 1/cbrt x on two binary64 lanes.
  * Error: 2.8 ulp.
- * Special: +0 (-0) gives +inf (-inf) and raises divide-by-zero; +inf (-inf) gives +0 (-0); any NaN gives the NaN with
- * all bits set and raises nothing.
- * Method: as __zelk_cbrt2. */
+ * Special: +0 (-0) gives +inf (-inf) and raises divide-by-zero; +inf (-inf) gives +0 (-0); any NaN gives the
+ * NaN with all bits set and raises nothing. Method: as __zelk_cbrt2. */
 zelk_double2 __zelk_invcbrt2(zelk_double2 x);
 
 /* Error functions. */

@@ -299,4 +299,11 @@ ZELK_INLINE int4 odd_words(int4 low, int4 high)
     return (int4)_mm_shuffle_ps((__m128)low, (__m128)high, 0xDD);
 }
 
+// All ones in the 64-bit lanes that are negative. The difference of two magnitudes' bit patterns is negative
+// where the first is the smaller: a comparison that raises nothing and takes a NaN for the largest number.
+ZELK_INLINE long2 negative_lanes(long2 x)
+{
+    return as_long2(high_words(as_int4(x)) >> 31);
+}
+
 } // namespace zelk::ZELK_TIER

@@ -29,14 +29,14 @@ ZELK_INLINE float4 cube_root_by_quadratic(int4 magnitude, const Cbrtf4& k)
     return power_of_third(third, k) * P * as_float4(factor_bits);
 }
 
-// The other tiers: the same.
-ZELK_INLINE float4 cube_root_by_reciprocal(int4 magnitude, const Cbrtf4& k)
+// The other tiers: the same with the sign of x, which goes in early: directed modes round the signed root.
+ZELK_INLINE float4 cube_root_by_reciprocal(int4 magnitude, int4 sign, const Cbrtf4& k)
 {
     const int4 third = multiply_high_16(magnitude & k.exponent_mask, k.s_dwDiv3Mul_L);
     const int4 remainder = third & k.s_dwRemDiv3Mask;
     const float4 factor =
         select(remainder == 0, k.s_dwCbrt4, select(remainder == k.remainder_two, k.s_dwCbrt2, k.one));
-    const float4 S = power_of_third(third, k) * factor;
+    const float4 S = as_float4(as_int4(power_of_third(third, k) * factor) | sign);
 
     const float4 m = significand(magnitude, k);
     const float4 m_high = as_float4(as_int4(m) & k.s_dwRcpMask);
@@ -49,20 +49,21 @@ ZELK_INLINE float4 cube_root_by_reciprocal(int4 magnitude, const Cbrtf4& k)
     return ST + ST * (u * (k.s_dwC1 + u * k.s_dwC2));
 }
 
-ZELK_INLINE float4 positive_cube_root(int4 magnitude, const Cbrtf4& k)
+ZELK_INLINE float4 cube_root(int4 magnitude, int4 sign, const Cbrtf4& k)
 {
     if constexpr (tier == Tier::A)
-        return cube_root_by_quadratic(magnitude, k);
+        return as_float4(as_int4(cube_root_by_quadratic(magnitude, k)) | sign);
     else
-        return cube_root_by_reciprocal(magnitude, k);
+        return cube_root_by_reciprocal(magnitude, sign, k);
 }
 
-// Subnormals are scaled to normal numbers and their roots back; a zero, an infinity or a NaN multiplies a
-// finite positive root, which leaves it what it is.
+// Subnormals are scaled to normal numbers and their roots back; the magnitude of a zero, an infinity or a NaN
+// multiplies a finite root. The sign comes from the root, but for NaNs.
 [[gnu::noinline, gnu::cold]] static float4 cbrtf4_irregular(float4 x)
 {
     const auto& k = tables::cbrtf4;
     const int4 magnitude = as_int4(x) & k.abs_mask;
+    const int4 sign = as_int4(x) & k.sign_mask;
     const int4 subnormal = (magnitude < k.smallest_normal) & ~(magnitude == 0);
     const int4 keeps_its_value = (magnitude == 0) | (magnitude > k.largest);
     int4 scaled;
@@ -78,7 +79,7 @@ ZELK_INLINE float4 positive_cube_root(int4 magnitude, const Cbrtf4& k)
     const float4 multiplier =
         select(keeps_its_value, as_float4(magnitude), select(subnormal, unscale, k.one));
     const int4 regular = select(subnormal, scaled, select(keeps_its_value, as_int4(k.one), magnitude));
-    return as_float4(as_int4(positive_cube_root(regular, k) * multiplier) | (as_int4(x) & k.sign_mask));
+    return as_float4(as_int4(cube_root(regular, sign, k) * multiplier) | sign);
 }
 
 float4 cbrtf4(float4 x)
@@ -87,7 +88,7 @@ float4 cbrtf4(float4 x)
     const int4 magnitude = as_int4(x) & k.abs_mask;
     if (lane_mask(not_normal(magnitude, k)) != 0) [[unlikely]]
         return cbrtf4_irregular(x);
-    return as_float4(as_int4(positive_cube_root(magnitude, k)) | (as_int4(x) & k.sign_mask));
+    return cube_root(magnitude, as_int4(x) & k.sign_mask, k);
 }
 
 } // namespace zelk::ZELK_TIER

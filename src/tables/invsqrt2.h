@@ -6,10 +6,11 @@
 namespace zelk::tables {
 
 struct Invsqrt2 {
-    int4
-        min_normal_high; // x_high - min_normal_high > ordinary_bound, as signed words: x is not positive, not
-    int4 ordinary_bound; // normal, not finite, or 2^1022 and above
-    int4 flMant1Mask;    // 24 bits of a binary32 significand with the exponent's lowest bit on top
+    // x_high - min_normal_high > ordinary_bound, as signed words: x is not positive, not normal, not finite,
+    // or 2^1022 and above.
+    int4 min_normal_high;
+    int4 ordinary_bound;
+    int4 flMant1Mask; // 24 bits of a binary32 significand with the exponent's lowest bit on top
     int4 flJBit;
     int4 flOne;
     int4 fldbJBit;      // one in the exponent of a high word

@@ -6,7 +6,7 @@
 namespace zelk::tables {
 
 struct Log102 {
-    long2 iHi33Bits;     // sign, exponent and the upper 21 fraction bits
+    long2 iHi33Bits;     // exponent and the upper 21 fraction bits
     double2 dbLog10_2Hi; // log10 2 = Log10_2Hi + Log10_2Lo; 11 trailing zero bits in Log10_2Hi
     double2 dbLog10_2Lo;
     double2 dbC;  // 111/256, close to 1/ln 10

@@ -6,7 +6,7 @@
 namespace zelk::tables {
 
 struct Log2 {
-    long2 iHi43Bits;  // sign, exponent and the upper 31 fraction bits
+    long2 iHi43Bits;  // exponent and the upper 31 fraction bits
     double2 dbOne;    // 1
     double2 dbLog2Hi; // ln 2 = Log2Hi + Log2Lo; 11 trailing zero bits in Log2Hi
     double2 dbLog2Lo;

@@ -8,7 +8,6 @@ const TrigReduction trig_reduction = {
     ._PIO2_21x5 = {splat64(0x3FF921FA00000000), splat64(0x3EB5444300000000), splat64(0xBD473DCA00000000),
                    splat64(0xBC03B39A00000000), splat64(0x3A945C06E0E68948)},
     .dbInvPio4 = splat64(0x3FF45F306DC9C883),
-    .dbRS = splat64(0x4338000000000000),
     .dbiOne = mask32(1),
     .MSK_LOW_BIT = mask32(0xFFFFFFFE),
     ._PI02_INV = binary64(0x3FE45F306DC9C883),

@@ -13,7 +13,6 @@ struct TrigReduction {
 
     // Vectors below 2^30.
     double2 dbInvPio4; // 4/pi
-    double2 dbRS;      // 1.5 * 2^52
     int4 dbiOne;
     int4 MSK_LOW_BIT; // clears bit 0
 

@@ -4,8 +4,7 @@
 // x put back:
 //   tier A       every lane through the scalar reduction;
 //   ropsSinCos4  a vector in which every lane is beyond and none above 2^30, in binary64; else the lanes
-//   beyond
-//                through the scalar reduction;
+//                beyond through the scalar reduction;
 //   sincosf4     without a lane above 2^30, the lanes beyond in binary64; else lane by lane from a table.
 #include "tables/sincosf4.h"
 #include "dispatch/kernels.h"
@@ -85,20 +84,22 @@ ZELK_INLINE PairReducedf4 reduce_ordinary(float4 x, int4 beyond, const Sincosf4&
     return reduce_fast(as_float4(as_int4(x) & ~beyond), k);
 }
 
+// Every lane reduced from |x|.
+ZELK_INLINE SineCosinef4 evaluate_reduced(float4 x, const QuadrantReducedf4& reduced, const Sincosf4& k)
+{
+    return evaluate({reduced.r, reduced.r * reduced.r, reduced.quadrant, as_int4(x) & k.MMISIGNMASK}, k);
+}
+
 ZELK_INLINE SineCosinef4 every_lane_through_reduction(float4 x, const Sincosf4& k)
 {
-    const int4 all = ~int4{};
-    const QuadrantReducedf4 reduced = reduce_every_lane(magnitude_of(x, k));
-    return evaluate(merge(x, all, reduced, reduced.r, k), k);
+    return evaluate_reduced(x, reduce_every_lane(magnitude_of(x, k)), k);
 }
 
 ZELK_INLINE SineCosinef4 lanes_through_reduction(float4 x, int4 beyond, const Sincosf4& k)
 {
     const unsigned lanes = lane_mask(beyond);
-    if (lanes == all_lanes4 && huge_lanes(x, k) == 0) {
-        const QuadrantReducedf4 reduced = reduce_medium(magnitude_of(x, k));
-        return evaluate(merge(x, beyond, reduced, reduced.r, k), k);
-    }
+    if (lanes == all_lanes4 && huge_lanes(x, k) == 0)
+        return evaluate_reduced(x, reduce_medium(magnitude_of(x, k)), k);
     const PairReducedf4 ordinary = reduce_ordinary(x, beyond, k);
     const QuadrantReducedf4 reduced =
         reduce_lanes(magnitude_of(x, k), lanes, {ordinary.r, ordinary.quadrant});

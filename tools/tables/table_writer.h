@@ -16,7 +16,11 @@ inline constexpr mpfr_prec_t working_precision = 1400;
 
 class Real {
 public:
-    Real() { mpfr_init2(value_, working_precision); }
+    Real()
+    {
+        mpfr_init2(value_, working_precision);
+        mpfr_set_zero(value_, 1);
+    }
     explicit Real(double x) : Real() { mpfr_set_d(value_, x, MPFR_RNDN); }
     Real(const Real& other) : Real() { mpfr_set(value_, other.value_, MPFR_RNDN); }
     Real& operator=(const Real& other)

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-namespace zelk::test {
+namespace zelk {
 
 namespace {
 
@@ -105,6 +105,32 @@ const void* exported(const std::string& symbol)
     return dlsym(library(), symbol.c_str());
 }
 
+unsigned lane_count(Lanes lanes)
+{
+    return lanes == Lanes::scalar ? 1 : lanes == Lanes::d2 ? 2 : 4;
+}
+
+std::uint32_t tier_mask(char tier)
+{
+    switch (tier) {
+    case 'N':
+        return 0xFFFFE000;
+    case 'L':
+        return 0xFFFFF800;
+    case 'J':
+        return 0xFFFFFE00;
+    default:
+        return 0xFFFFFFFF;
+    }
+}
+
+char selected_tier(std::string_view tiers, std::uint32_t feature_word)
+{
+    for (const char tier : tiers)
+        if (feature_word & tier_mask(tier)) return tier;
+    return tiers.back(); // 32-bit x86: J in the place of A, reached by any bit
+}
+
 std::span<const Entry> entries()
 {
     static const std::vector<Entry> list = make_entries();
@@ -181,4 +207,4 @@ std::vector<std::string> listed_exports()
     return names;
 }
 
-} // namespace zelk::test
+} // namespace zelk

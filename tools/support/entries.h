@@ -2,12 +2,13 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
-namespace zelk::test {
+namespace zelk {
 
 enum class Lanes { f4, d2, c2, i4, u4, scalar };
 enum class Results { one, two, pointer };
@@ -30,7 +31,7 @@ struct Entry {
     double substitute[2];
     std::string alias; // empty: none
     const void* address;
-    std::string masked; // name of the masked entry
+    std::string masked;          // name of the masked entry
     std::vector<Kernel> kernels; // all of this target
 };
 
@@ -38,6 +39,12 @@ std::span<const Entry> entries();
 const Entry& entry(std::string_view name);
 // Any exported symbol; null if there is none of that name.
 const void* exported(const std::string& symbol);
+
+unsigned lane_count(Lanes lanes);
+// Bits of the feature word of which one says that the processor has the tier.
+std::uint32_t tier_mask(char tier);
+// The tier that a dispatcher with this list selects for a feature word.
+char selected_tier(std::string_view tiers, std::uint32_t feature_word);
 
 // The scalar routines of the list: name and the tiers of the dispatcher ("" for a single implementation).
 struct ScalarEntry {
@@ -57,4 +64,4 @@ std::span<const DataEntry> data_entries();
 // Every name that the list says is exported on this target.
 std::vector<std::string> listed_exports();
 
-} // namespace zelk::test
+} // namespace zelk

@@ -1,11 +1,11 @@
-// Calling an entry as its convention says, with everything that a test wants to see of the call.
+// Calling an entry as its convention says, with everything that can be observed of the call.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <string>
 
-namespace zelk::test {
+namespace zelk {
 
 union alignas(16) Vec128 {
     std::uint32_t u[4] = {};
@@ -72,4 +72,4 @@ struct Result {
 Result call(const void* target, const Vec128& a, const Vec128& b = {}, const Vec128& mask = {},
             void* pointer = nullptr, Rounding rounding = Rounding::nearest);
 
-} // namespace zelk::test
+} // namespace zelk

@@ -3,7 +3,7 @@
 #include <cinttypes>
 #include <cstdio>
 
-namespace zelk::test {
+namespace zelk {
 
 Vec128 floats(float a, float b, float c, float d)
 {
@@ -68,4 +68,4 @@ Result call(const void* target, const Vec128& a, const Vec128& b, const Vec128& 
     return {frame.out[0], frame.out[1], frame.mxcsr_out & 0x3F};
 }
 
-} // namespace zelk::test
+} // namespace zelk
