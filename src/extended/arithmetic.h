@@ -69,10 +69,12 @@ ZELK_INLINE long double number_of(std::uint64_t significand, int sign_exponent)
     return both.number;
 }
 
-// 2^n, -16382 <= n <= 16383.
+// 2^n, -16382 <= n <= 16383. What was stored in two pieces takes long to load in one, so most are binary64.
 ZELK_INLINE long double power_of_two(int n)
 {
-    return number_of(std::uint64_t{1} << 63, n + exponent_bias);
+    if (static_cast<unsigned>(n + 1022) > 2045) [[unlikely]]
+        return number_of(std::uint64_t{1} << 63, n + exponent_bias);
+    return __builtin_bit_cast(double, static_cast<std::uint64_t>(n + 1023) << 52);
 }
 
 // The nearest integer in the current rounding mode, |x| < 2^31. (A conversion in C++ would change the control

@@ -72,4 +72,12 @@ ZELK_INLINE long double logarithm_of(long double x, Normalised parts)
     return rounded(logarithm(reduce_logarithm(parts)));
 }
 
+// ln(1 + x), 2^-66 <= |x| < 2^72 and x > -1.
+ZELK_INLINE long double logarithm_of_one_plus(long double x)
+{
+    if (magnitude(x) <= near_bound) return rounded(log1p_near_zero({x, 0}));
+    const Pair sum = two_sum(1.0L, x);
+    return rounded(logarithm(reduce_logarithm(normalised(words_of(sum.hi)), sum.lo)));
+}
+
 } // namespace zelk::ZELK_TIER
