@@ -70,7 +70,17 @@ zelk_double2 __zelk_cbrt2(zelk_double2 x);
  * NaN with all bits set and raises nothing. Method: as __zelk_cbrt2. */
 zelk_double2 __zelk_invcbrt2(zelk_double2 x);
 
-/* Error functions. */
+/* Error functions: erf x = 2/sqrt(pi) times the integral of e^(-t^2) from 0 to x, erfc x = 1 - erf x. The tiers give the
+ * same bits. */
+
+zelk_float4 __zelk_erff4(zelk_float4 x);
+zelk_double2 __zelk_erf2(zelk_double2 x);
+zelk_float4 __zelk_erfcf4(zelk_float4 x);
+zelk_double2 __zelk_erfc2(zelk_double2 x);
+zelk_float4 __zelk_erfinvf4(zelk_float4 x);
+zelk_double2 __zelk_erfinv2(zelk_double2 x);
+zelk_float4 __zelk_hypotf4(zelk_float4 x, zelk_float4 y);
+zelk_double2 __zelk_hypot2(zelk_double2 x, zelk_double2 y);
 
 ZELK_END_DECLARATIONS
 
