@@ -18,7 +18,9 @@ ZELK_INLINE double2 erf_of_finite(double2 x, const ErfTable& k)
 
     // Exact: s is 0 or a power of two, and but for row 0, whose o is 0, o and x s lie in [8, 16].
     const double2 t = as_double2(magnitude) * double2{row0.s, row1.s} - double2{row0.o, row1.o};
-    const double2 P = polynomial(t, row0.c, row1.c);
+    // The last sum of row 0 is x + (2/sqrt(pi) - 1) x: a product with 2/sqrt(pi) itself costs an ulp.
+    const long2 in_row0 = as_long2(high_words(quarters == int4{}));
+    const double2 P = polynomial(t, row0.c, row1.c) + as_double2(magnitude & in_row0);
     return as_double2(as_long2(P) | (as_long2(x) & k.sign_mask));
 }
 

@@ -1,6 +1,7 @@
 // erfc x on two binary64 lanes.
 // Method: erfc |x| = Q(|x|) e^(-x^2): Q of degree 12 per quarter of a binade; -x^2 in three parts, and e^w =
-// 2^(n/128) e^r, n = round(128 w/ln 2), with 2^(i/128) from a table. erfc(-x) = 2 - erfc x.
+// 2^(n/128) e^r, n = round(128 w/ln 2), with 2^(i/128) from a table. Both factors keep what the last sum of
+// each rounds away, so that their product is rounded once. erfc(-x) = 2 - erfc x.
 #include "tables/erfc2.h"
 #include "dispatch/kernels.h"
 #include "roots_erf/erf.h"
@@ -9,8 +10,28 @@ namespace zelk::ZELK_TIER {
 
 using tables::ErfcTable;
 
-// e^(-x^2) with the sign of x, |x| < 27.2261.
-ZELK_INLINE double2 signed_exp_of_minus_square(double2 x, double2 a, const ErfcTable& k)
+// leading + rest, leading with 26 significant bits: the product of two such is exact.
+struct SplitSum {
+    double2 sum; // rounded
+    double2 leading;
+    double2 rest;
+};
+
+// leading - large is exact: small is less than a quarter of large.
+ZELK_INLINE SplitSum split_sum(double2 large, double2 small, const ErfcTable& k)
+{
+    const double2 sum = large + small;
+    const double2 leading = as_double2(as_long2(sum) & k.split_mask);
+    return {sum, leading, small - (leading - large)};
+}
+
+// e^(-x^2) = exponential * scale, |x| < 27.2261.
+struct Exponential {
+    SplitSum exponential;
+    double2 scale; // with the sign of x
+};
+
+ZELK_INLINE Exponential exp_of_minus_square(double2 x, double2 a, const ErfcTable& k)
 {
     // -x^2 = leading + tail - xl (|x| + xh). xh has 26 significant bits: its square is exact, and so are both
     // halves of that.
@@ -27,13 +48,15 @@ ZELK_INLINE double2 signed_exp_of_minus_square(double2 x, double2 a, const ErfcT
 
     const double2 p = k.one + r * (k.half + r * (k.sixth + r * (k.twenty_fourth + r * k.hundred_twentieth)));
     const int4 word = as_int4(t); // n in its low words
-    const double2 power = {k.powers[word[0] & 127], k.powers[word[2] & 127]};
-    const double2 E = power + power * r * p;
+    const auto& power0 = k.powers[word[0] & 127];
+    const auto& power1 = k.powers[word[2] & 127];
+    const double2 power = as_double2(ulong2{power0.hi, power1.hi});
+    const double2 power_lo = as_double2(ulong2{power0.lo, power1.lo});
 
     // 2^floor(n/128) may be subnormal: it is put together 154 binades higher.
     const double2 biased = as_double2(((as_long2(t) << 45) + k.bias) & k.exponent_mask);
     const double2 scale = as_double2(as_long2(biased * k.unbias) | (as_long2(x) & k.sign_mask));
-    return E * scale;
+    return {split_sum(power, power * r * p + power_lo, k), scale};
 }
 
 ZELK_INLINE double2 erfc_in_range(double2 x, const ErfcTable& k)
@@ -44,11 +67,13 @@ ZELK_INLINE double2 erfc_in_range(double2 x, const ErfcTable& k)
     const auto& row1 = k.rows[row[3]];
     // Exact: the centre is 0, or within a factor of two of |x|.
     const double2 u = a - double2{row0.centre, row1.centre};
-    const double2 Q = polynomial(u, row0.c, row1.c);
+    const auto Q = split_sum(double2{row0.c0, row1.c0}, u * polynomial(u, row0.c, row1.c), k);
+    const auto [E, scale] = exp_of_minus_square(x, a, k);
 
     // The sign bit one place lower is the pattern of 2.
     const double2 two_if_negative = as_double2(as_ulong2(as_long2(x) & k.sign_mask) >> 1);
-    return Q * signed_exp_of_minus_square(x, a, k) + two_if_negative;
+    const double2 product = Q.leading * E.leading + (Q.leading * E.rest + Q.rest * E.sum);
+    return product * scale + two_if_negative;
 }
 
 // Nothing of erfc |x| is left but its flags: underflow and inexact, or inexact.

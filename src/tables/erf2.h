@@ -6,8 +6,8 @@
 namespace zelk::tables {
 
 struct ErfTable {
-    // erf x = c[0] + c[1] t + ... + c[13] t^13, t = x s - o. Row 0: x < 1/8; rows 1 to 22: the quarters of
-    // the binades from 1/8 to 6; row 23: 1.
+    // erf x = c[0] + c[1] t + ... + c[13] t^13, t = x s - o. Row 0: x < 1/8, and x is to be added; rows 1 to
+    // 22: the quarters of the binades from 1/8 to 6; row 23: 1.
     struct Row {
         double c[14];
         double o;

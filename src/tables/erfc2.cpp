@@ -27,7 +27,7 @@ const ErfcTable erfcTable = {
         },
     .powers =
         {
-#include "tables/exp22_powers.inc"
+#include "tables/pow2_exp.inc"
         },
 };
 

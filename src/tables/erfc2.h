@@ -24,14 +24,19 @@ struct ErfcTable {
     double2 twenty_fourth;
     double2 hundred_twentieth;
     int4 index_base; // 7/32, a quarter of a binade below 1/4, in the high words
-    // erfc x e^(x^2) = c[0] + c[1] u + ... + c[12] u^12, u = x - centre. Row 0: x < 1/4; rows 1 to 27: the
+    // erfc x e^(x^2) = c0 + c[0] u + ... + c[11] u^12, u = x - centre. Row 0: x < 1/4; rows 1 to 27: the
     // quarters of the binades from 1/4 on.
     struct Row {
-        double c[13];
+        double c0;
+        double c[12];
         double centre;
     };
     Row rows[28];
-    double powers[128]; // 2^(i/128)
+    struct Power {
+        std::uint64_t hi;
+        std::uint64_t lo;
+    };
+    Power powers[128]; // 2^(i/128)
 };
 ZELK_TABLE ErfcTable erfcTable;
 
