@@ -6,7 +6,7 @@
 namespace zelk::tables {
 
 struct ErfcTable {
-    int4 last_high; // high word of 27.226017111108366: erfc x is below half the smallest subnormal beyond
+    int4 last_high; // high word of 27.226017111108366: half the smallest subnormal is erfc of it
     long2 abs_mask;
     long2 sign_mask;
     long2 abs_split_mask;    // the leading 26 significant bits, without the sign
