@@ -18,7 +18,9 @@ set_target_properties(brava PROPERTIES VERSION 1.0.0 SOVERSION 1)
 set(library_options
     -O2 -fPIC -fvisibility=hidden -fno-exceptions -fno-rtti -fno-stack-protector -fno-threadsafe-statics
     -fcf-protection=full -fno-semantic-interposition -fno-plt
-    -frounding-math -ftrapping-math -fsignaling-nans -ffp-contract=off -fno-math-errno)
+    -frounding-math -ftrapping-math -fsignaling-nans -ffp-contract=off -fno-math-errno
+    # GCC 12 and 13 join two float operations to one on four lanes, and what the other two hold raises exceptions.
+    -fno-tree-slp-vectorize)
 if(ZELK_TARGET STREQUAL x86_64)
     # Callers rely on XMM8 to XMM15; -ffixed- keeps the compiler away from them (-fcall-saved- would not save them).
     foreach(register RANGE 8 15)

@@ -1,7 +1,7 @@
 // The scalar arc tangent of two arguments.
-#include "binary64_call.h"
 #include "brava.h"
 #include "remembered.h"
+#include "scalar_oracle.h"
 
 #include <gtest/gtest.h>
 
@@ -50,7 +50,7 @@ Pairs near_row_changes()
 
 TEST(Atan2Scalar, Error)
 {
-    EXPECT_EQ(binary64_kernels("atan2_scalar").size(), 2u);
+    EXPECT_EQ(tier_kernels("atan2_scalar").size(), 2u);
     const Binary arctangent = remembered(mpfr_binary(mpfr_atan2));
     const double largest = Limits::max();
     const struct {
@@ -68,17 +68,15 @@ TEST(Atan2Scalar, Error)
         {"row changes", near_row_changes()},
     };
     for (const auto& kind : kinds)
-        for (const Kernel& kernel : binary64_kernels("atan2_scalar"))
-            expect_error_within(0.51,
-                                worst_scalar_error(kernel.address, kind.pairs.ys, kind.pairs.xs, arctangent),
+        for (const ScalarKernel& kernel : tier_kernels("atan2_scalar"))
+            expect_error_within(0.51, worst_error(kernel, kind.pairs.ys, kind.pairs.xs, arctangent),
                                 kernel.symbol, kind.name);
     const Pairs& comparable = kinds[0].pairs;
     const std::span ys = std::span(comparable.ys).first(3000);
     const std::span xs = std::span(comparable.xs).first(3000);
     for (const Rounding rounding : {Rounding::down, Rounding::up, Rounding::zero})
-        for (const Kernel& kernel : binary64_kernels("atan2_scalar"))
-            expect_error_within(1.01, worst_scalar_error(kernel.address, ys, xs, arctangent, rounding),
-                                kernel.symbol,
+        for (const ScalarKernel& kernel : tier_kernels("atan2_scalar"))
+            expect_error_within(1.01, worst_error(kernel, ys, xs, arctangent, {rounding}), kernel.symbol,
                                 "rounding mode " + std::to_string(static_cast<unsigned>(rounding)));
 }
 
@@ -98,7 +96,7 @@ TEST(Atan2Scalar, SpecialPairs)
     Exact x_exact;
     Exact angle;
     mpfr_set_prec(angle.value, 53);
-    for (const Kernel& kernel : binary64_kernels("atan2_scalar"))
+    for (const ScalarKernel& kernel : tier_kernels("atan2_scalar"))
         for (const Rounding rounding : all_roundings)
             for (const double y : values)
                 for (const double x : values) {
@@ -109,27 +107,25 @@ TEST(Atan2Scalar, SpecialPairs)
                                kernel.tier == 'A' ? mpfr_roundings[static_cast<unsigned>(rounding)]
                                                   : MPFR_RNDN);
                     const double expected = mpfr_get_d(angle.value, MPFR_RNDN);
-                    const ScalarResult result = call_scalar(kernel.address, y, x, rounding);
+                    const ScalarResult result = call_scalar(kernel, y, x, {rounding});
                     EXPECT_EQ(result.flags & loud_flags, 0u) << kernel.symbol << ' ' << y << ' ' << x;
-                    EXPECT_TRUE(result.state_kept) << kernel.symbol << ' ' << y << ' ' << x;
                     if (std::isnan(expected))
-                        EXPECT_TRUE(std::isnan(result.value())) << kernel.symbol << ' ' << y << ' ' << x;
+                        EXPECT_TRUE(std::isnan(result.value_d())) << kernel.symbol << ' ' << y << ' ' << x;
                     else
-                        EXPECT_EQ(result.bits, std::bit_cast<std::uint64_t>(expected))
-                            << kernel.symbol << ' ' << y << ' ' << x << " gives " << result.value();
+                        EXPECT_EQ(result.narrow, std::bit_cast<std::uint64_t>(expected))
+                            << kernel.symbol << ' ' << y << ' ' << x << " gives " << result.value_d();
                 }
 }
 
 TEST(Atan2Scalar, SignallingNan)
 {
     constexpr std::uint64_t signalling = 0x7FF4000000000000;
-    for (const Kernel& kernel : binary64_kernels("atan2_scalar"))
+    for (const ScalarKernel& kernel : tier_kernels("atan2_scalar"))
         for (const double other : {0.0, 1.0, Limits::infinity(), Limits::quiet_NaN()}) {
-            const auto other_bits = std::bit_cast<std::uint64_t>(other);
-            for (const ScalarResult& result : {call_scalar(kernel.address, signalling, other_bits),
-                                               call_scalar(kernel.address, other_bits, signalling)}) {
-                EXPECT_TRUE(std::isnan(result.value())) << kernel.symbol << ' ' << other;
-                EXPECT_TRUE(result.bits & 0x0008000000000000) << kernel.symbol << ' ' << other;
+            for (const ScalarResult& result : {call_scalar(kernel, Argument::of_bits(signalling), other),
+                                               call_scalar(kernel, other, Argument::of_bits(signalling))}) {
+                EXPECT_TRUE(std::isnan(result.value_d())) << kernel.symbol << ' ' << other;
+                EXPECT_TRUE(result.narrow & 0x0008000000000000) << kernel.symbol << ' ' << other;
                 EXPECT_EQ(result.flags & loud_flags, flag_invalid) << kernel.symbol << ' ' << other;
             }
         }
@@ -139,21 +135,20 @@ TEST(Atan2Scalar, SignallingNan)
 TEST(Atan2Scalar, ExtremePairs)
 {
     const double values[] = {0x1p-1074, 0x1p-1022, 1.0, Limits::max()};
-    for (const Kernel& kernel : binary64_kernels("atan2_scalar"))
+    for (const ScalarKernel& kernel : tier_kernels("atan2_scalar"))
         for (const double y : values)
             for (const double x : values)
                 for (const Rounding rounding : all_roundings) {
-                    const ScalarResult result = call_scalar(kernel.address, -y, -x, rounding);
+                    const ScalarResult result = call_scalar(kernel, -y, -x, {rounding});
                     EXPECT_EQ(result.flags & (loud_flags | flag_underflow), 0u)
                         << kernel.symbol << ' ' << y << ' ' << x;
-                    EXPECT_TRUE(result.state_kept) << kernel.symbol;
                 }
 }
 
 TEST(Atan2Scalar, FirstCall)
 {
     __brava_cpu_indicator = 0;
-    EXPECT_EQ(call_scalar(exported("atan2_scalar"), 1.0, -1.0).value(), 0x1.2d97c7f3321d2p1);
+    EXPECT_EQ(call_scalar(scalar_kernel("atan2_scalar"), 1.0, -1.0).value_d(), 0x1.2d97c7f3321d2p1);
     EXPECT_NE(__brava_cpu_indicator, 0u);
 }
 

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -40,6 +41,15 @@ std::vector<std::complex<T>> unit_circle(std::size_t count)
             for (const auto& z : {std::complex<T>(near, b), std::complex<T>(-b, near)})
                 list.push_back(z);
     }
+    // 1 - 2^-j and the sine that belongs to it: the terms cancel down to 2^-2j, 2^-4j or to zero.
+    for (int j = 1; j < Limits<T>::digits; j += 2) {
+        const T a = T(1) - std::ldexp(T(1), -j);
+        const T b = std::ldexp(T(1) - std::ldexp(T(1), -j - 2), (1 - j) / 2);
+        for (const T near : neighbours(b, 2)) {
+            list.emplace_back(a, near);
+            list.emplace_back(-near, -a);
+        }
+    }
     return list;
 }
 // Around the circles where the near-one path begins.
@@ -67,10 +77,11 @@ void expect_errors(const std::vector<AnyKernel>& kernels, const Bounds& bounds, 
     const auto check = [&](const std::vector<std::complex<T>>& arguments, double re, const char* path) {
         expect_errors_within(re, bounds.im, worst_errors(kernels, arguments, mpc_log), path);
     };
-    check(comparable<T>(count), bounds.re_near_one, "comparable parts");
+    const double re_both = std::max(bounds.re, bounds.re_near_one);
+    check(comparable<T>(count), re_both, "comparable parts");
     check(any_size<T>(count, smallest), bounds.re, "any size");
     check(unit_circle<T>(count), bounds.re_near_one, "unit circle");
-    check(path_change<T>(count), bounds.re_near_one, "change of paths");
+    check(path_change<T>(count), re_both, "change of paths");
 }
 
 // The imaginary part is worst where the quotient is just above a power of two and its angle just below.
@@ -98,6 +109,13 @@ TEST(Clog, SingleError)
 {
     expect_errors<float>(scalar_kernels("clogf_scalar"), {0.51, 0.51, 0.51}, 1000,
                          Limits<float>::denorm_min());
+}
+
+// The real part near one is as accurate as elsewhere, however small it is.
+TEST(Clog, DoubleError)
+{
+    expect_errors<double>(scalar_kernels("clog_scalar"), {0.54, 0.51, 0.51}, 1500,
+                          Limits<double>::denorm_min());
 }
 
 constexpr Part nan = nan_part;
@@ -161,6 +179,9 @@ TEST(Clog, SpecialArguments)
         check_specials(kernel, angles, to_nearest);
         check_specials(kernel, origin(0), to_nearest);
     }
+    check_specials(scalar_kernel("clog_scalar"), specials);
+    check_specials(scalar_kernel("clog_scalar"), angles, to_nearest);
+    check_specials(scalar_kernel("clog_scalar"), origin(flag_divide_by_zero), to_nearest);
     for (const Kernel& kernel : entry("clogf2").kernels) {
         check_specials(kernel, specials, {0.7f, -1.3f});
         check_specials(kernel, angles, {-0.6f, 0.8f}, to_nearest);

@@ -1,9 +1,9 @@
 // Which kernel a dispatcher reaches for which feature word. Every kernel of an entry gets a breakpoint as its
 // first instruction; the trap handler notes which one was reached, with which arguments, and returns to the
 // caller.
-#include "binary64_call.h"
 #include "call.h"
 #include "entries.h"
+#include "scalar_call.h"
 
 #include "brava.h"
 
@@ -136,6 +136,9 @@ TEST_F(Dispatch, EveryScalarRoutineForEveryLevel)
 {
     for (const ScalarEntry& scalar : scalar_entries()) {
         if (scalar.tiers.empty()) continue;
+        std::vector<Kernel> kernels;
+        for (const ScalarKernel& kernel : tier_kernels(scalar.name))
+            kernels.push_back({kernel.symbol, kernel.tier, kernel.address});
         expect_tiers_by_level({scalar.name,
                                scalar.name,
                                Lanes::scalar,
@@ -147,7 +150,7 @@ TEST_F(Dispatch, EveryScalarRoutineForEveryLevel)
                                "",
                                exported(scalar.name),
                                "",
-                               binary64_kernels(scalar.name)});
+                               kernels});
     }
 }
 

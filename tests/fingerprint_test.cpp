@@ -24,8 +24,8 @@ const std::string fingerprint_file = FINGERPRINTS;
 
 bool starts_from_an_estimate(const Entry& entry)
 {
-    static const char* const names[] = {"sqrtf4",  "invsqrtf4", "invsqrt2", "powf4", "asinhf4",
-                                        "acoshf4", "atanhf4",   "csqrtf2",  "clogf2"};
+    static const char* const names[] = {"sqrtf4",  "invsqrtf4", "invsqrt2", "powf4",
+                                        "asinhf4", "acoshf4",   "atanhf4",  "csqrtf2"};
     for (const char* const name : names)
         if (entry.name == name) return true;
     return false;

@@ -6,6 +6,7 @@
 
 #include <cstring>
 #include <set>
+#include <type_traits>
 
 namespace {
 
@@ -46,6 +47,13 @@ template <class Function>
 Declared declared(const char* name, Function* function)
 {
     return {name, reinterpret_cast<const void*>(function)};
+}
+// Of a table only the type is at stake: a program may have its own copy of what it reads.
+template <class Number, std::size_t size, class Table>
+Declared declared_table(const char* name, Table&)
+{
+    static_assert(std::is_same_v<std::remove_all_extents_t<Table>, const Number> && sizeof(Table) == size);
+    return {name, zelk::exported(name)};
 }
 template <class Lanes, int vectors>
 Declared plain(const char* name, typename Signature<Lanes, vectors>::Plain* function)
@@ -108,8 +116,8 @@ Declared storing(const char* name, typename Signature<Lanes, vectors>::Storing* 
 #define ZELK_SIGNATURE_z_zz double _Complex(double _Complex, double _Complex)
 #define ZELK_SIGNATURE_i_lD int(long double, double*)
 #define ZELK_SCALAR(kernel, signature, ...) declared<ZELK_SIGNATURE_##signature>(#kernel, kernel),
-
-#define ZELK_DATA(name, ...) {#name, name},
+#define ZELK_DATA(name, type, entries, values)                                                               \
+    declared_table<type, sizeof(type) * entries * values>(#name, name),
 
 #pragma GCC diagnostic ignored "-Wpedantic" // complex types
 const Declared declarations[] = {

@@ -101,6 +101,12 @@ TEST(ZelkEval, NamesAndForms)
         {"sqrtf_scalar",
          "sqrtf_scalar -1",
          {"sqrtf_scalar: one implementation without tiers; ", " -nan FFC00000\n", "flags: invalid\n"}},
+        {"sinhcoshl_scalar",
+         "sinhcoshl_scalar -inf",
+         {"\n-inf FFFF8000000000000000 -inf FFFF8000000000000000 inf 7FFF8000000000000000\n"}},
+        {"powl_scalar",
+         "powl_scalar 2 10",
+         {"\n2 40008000000000000000 10 4002A000000000000000 1024 40098000000000000000\n"}},
         {"sqrtl_scalar", "sqrtl_scalar 4", {"\n4 40018000000000000000 2 40008000000000000000\n"}},
     });
 }

@@ -198,7 +198,9 @@ void evaluate_scalar(const Callable& callable, const Choice& choice, const Comma
     };
     for (std::size_t i = 0; i < *count; ++i)
         add(i == 0 ? "x" : "y", outcome.arguments[i]);
-    add("result", outcome.result);
+    static constexpr const char* headings[] = {"result", "second result", "third result"};
+    for (std::size_t i = 0; i < outcome.results.size(); ++i)
+        add(headings[i], outcome.results[i]);
     print_heading(choice, command.rounding);
     print(columns);
     std::printf("flags: %s\n", flag_names(outcome.flags).c_str());

@@ -70,6 +70,11 @@ ZELK_INLINE bool is_denormal(Real x)
     return magnitude_pattern(x) - 1 < normal_pattern(x) - 1;
 }
 template <class Real>
+ZELK_INLINE bool is_below_normal(Real x) // a zero too
+{
+    return magnitude_pattern(x) < normal_pattern(x);
+}
+template <class Real>
 ZELK_INLINE bool is_normal(Real x)
 {
     return is_finite(x) && magnitude_pattern(x) >= normal_pattern(x);

@@ -1,9 +1,8 @@
 // ln z = ln |z| + i arg z of one complex number with binary32 parts, z = x + iy.
 // Method: all in binary64. ln |z|^2 near |z| = 1 by its Taylor series in |z|^2 - 1, else by table; the angle
 // by a polynomial in the smaller part over the larger.
-#include "complex/classes.h"
+#include "complex/clog_special.h"
 #include "complex/clogf.h"
-#include "complex/parts.h"
 #include "dispatch/kernels.h"
 #include "invtrig/atan2.h"
 #include "invtrig/atan2_special.h"
@@ -41,14 +40,7 @@ ZELK_INLINE double argument(double y, double x)
 // The parts are finite and not zero, or one of them is not.
 [[gnu::noinline, gnu::cold]] static complex_float special_clog(float x, float y)
 {
-    if (is_nan(x)) {
-        const float im = x * x;
-        return make_complex(y * (is_infinite(y) ? y : x), im);
-    }
-    if (is_nan(y)) {
-        const float im = y * y;
-        return make_complex(is_infinite(x) ? x * x : im, im);
-    }
+    if (is_nan(x) || is_nan(y)) return clog_of_nan(x, y);
     const double infinity = __builtin_inf();
     double angle = 0;
     special_atan2(static_cast<double>(y), static_cast<double>(x), tables::atan2_angles.angles, angle);

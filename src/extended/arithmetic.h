@@ -229,18 +229,26 @@ ZELK_INLINE bool not_a_number(Words x)
     return x.not_finite() && !x.infinite();
 }
 
-// A finite number other than zero: |x| = significand 2^(exponent - 63), the integer bit set.
+// x = significand 2^(exponent - 63), the integer bit set.
 struct Normalised {
     std::uint64_t significand;
     int exponent;
 };
-ZELK_INLINE Normalised normalised(Words x)
+// Of a normal number.
+ZELK_INLINE Normalised normalised(Words words)
 {
-    if (x.below_normal()) {
-        const int zeros = __builtin_clzll(x.significand);
-        return {x.significand << zeros, 1 - exponent_bias - zeros};
-    }
-    return {x.significand, x.biased_exponent() - exponent_bias};
+    return {words.significand, words.biased_exponent() - exponent_bias};
+}
+// Of a denormal number, not zero; pseudo-denormals have the integer bit already.
+ZELK_INLINE Normalised normalised_denormal(Words words)
+{
+    const int shift = __builtin_clzll(words.significand);
+    return {words.significand << shift, 1 - exponent_bias - shift};
+}
+// Of any finite number but zero.
+ZELK_INLINE Normalised normalised_finite(Words words)
+{
+    return words.below_normal() ? normalised_denormal(words) : normalised(words);
 }
 
 // round(x 2^bits), 0 <= x <= 1, halves up: the same in every rounding mode.
@@ -251,22 +259,35 @@ ZELK_INLINE unsigned grid_index(long double x, int bits)
     return shift > 63 ? 0 : static_cast<unsigned>((words.significand >> shift) + 1) >> 1;
 }
 
-// a 2^n, rounded once where the result is denormal too; 2^-8 <= |a| < 2^63, a 2^n below the largest number.
-[[maybe_unused, gnu::cold, gnu::noinline]] static long double scaled(Pair a, int n)
+// (hi + lo) 2^exponent with hi + lo in [0.5, 2), |lo| < 2^-8: one addition from the result.
+struct ScaledPair {
+    Pair value;
+    int exponent;
+};
+
+// What a product with 2^exponent rounds that may leave the normal numbers.
+[[maybe_unused, gnu::cold, gnu::noinline]] static long double scaled_far(Pair value, int exponent)
 {
-    const int exponent = words_of(a.hi).biased_exponent() - exponent_bias;
-    long double value = rounded(a);
-    if (exponent + n < 1 - exponent_bias) {
-        // 2^63 places of the result: a rounds to whole places when it is added, and scaling them is exact.
-        opaque(underflowed(false));
-        const int place = -16445 - n;
-        if (place > exponent + 2) return underflowed(a.hi < 0);
-        const long double places = power_of_two(place + 63);
-        const long double shifter = a.hi < 0 ? -places : places;
-        const Pair sum = fast_two_sum(shifter, a.hi);
-        value = (sum.hi + (sum.lo + a.lo)) - shifter;
-    }
-    return value * power_of_two(n / 2) * power_of_two(n - n / 2);
+    const bool negative = value.hi < 0;
+    if (exponent > 16384) return overflowed(negative);
+    if (exponent > 0) return (value.hi + value.lo) * 0x1p16383L * power_of_two(exponent - 16383);
+    if (exponent < -16447) return underflowed(negative);
+    const long double scale = power_of_two(exponent + 256);
+    const Pair sum = fast_two_sum(value.hi, value.lo);
+    const long double head = sum.hi * scale;
+    if (magnitude(head) >= 0x1p-16126L) return head * 0x1p-256L;
+    // The product rounds to the denormal's width; what that took from the pair, its tail included, is rounded
+    // to the same width and added, which is exact.
+    const long double denormal = head * 0x1p-256L;
+    return denormal + ((head - denormal * 0x1p256L) + sum.lo * scale) * 0x1p-256L;
+}
+
+// (hi + lo) 2^exponent, rounded once.
+ZELK_INLINE long double rounded(ScaledPair x)
+{
+    if (x.exponent < -16381 || x.exponent > 16383) [[unlikely]]
+        return scaled_far(x.value, x.exponent);
+    return (x.value.hi + x.value.lo) * power_of_two(x.exponent);
 }
 
 } // namespace zelk::ZELK_TIER

@@ -61,8 +61,8 @@ ZELK_INLINE Direction direction_of(Words y, Words x)
 {
     if (y.zero() || x.zero() || y.infinite() || x.infinite()) [[unlikely]]
         return direction_of_special(y, x);
-    const Normalised Y = normalised(y);
-    const Normalised X = normalised(x);
+    const Normalised Y = normalised_finite(y);
+    const Normalised X = normalised_finite(x);
     const int distance = Y.exponent - X.exponent;
     if (distance < -70 && !x.negative()) [[unlikely]] {
         // y/x, and a little less for the directed rounding modes.
@@ -87,7 +87,7 @@ ZELK_INLINE long double angle_of(const tables::HiLo& point, Pair offset, bool ne
 ZELK_INLINE long double radians(const Direction& direction, bool negative)
 {
     if (direction.exponent != 0) [[unlikely]]
-        return scaled(with_sign(negative, direction.offset), direction.exponent);
+        return scaled_far(with_sign(negative, direction.offset), direction.exponent);
     return angle_of(tables::_rop_atanl_table_128[direction.point], direction.offset, negative);
 }
 ZELK_INLINE long double degrees(const Direction& direction, bool negative)
@@ -97,7 +97,8 @@ ZELK_INLINE long double degrees(const Direction& direction, bool negative)
     if (offset.hi != 0) // a product of zero may be -0
         offset = multiply(fast_two_sum(offset.hi, offset.lo), Pair{factor.hi, factor.lo});
     if (direction.exponent != 0) [[unlikely]]
-        return scaled(with_sign(negative, offset), direction.exponent);
+        return scaled_far(with_sign(negative, {offset.hi * 0x1p-6L, offset.lo * 0x1p-6L}),
+                          direction.exponent + 6);
     return angle_of(tables::_rop_atandl_table_128[direction.point], offset, negative);
 }
 

@@ -34,12 +34,6 @@ ZELK_INLINE OddEven exponential_parts(long double r)
     return {r + r * square * polynomial(odd, square), square * polynomial(even, square)};
 }
 
-// (hi + lo) 2^exponent with hi + lo in [0.5, 2), |lo| < 2^-8: one addition from the result.
-struct ScaledPair {
-    Pair value;
-    int exponent;
-};
-
 ZELK_INLINE Pair times_table(const tables::HiLo& t, long double expm1)
 {
     return {t.hi, t.lo + (static_cast<long double>(t.hi) + t.lo) * expm1};
@@ -52,31 +46,6 @@ ZELK_INLINE ScaledPair exponential(long double x, long double low = 0)
     const OddEven parts = exponential_parts(reduced.r + low);
     const int shifted = reduced.n + 128;
     return {times_table(tables::_rop_expl_table_256[shifted & 255], parts.odd + parts.even), shifted >> 8};
-}
-
-// What a product with 2^exponent rounds that may leave the normal numbers.
-[[gnu::noinline, gnu::cold]] static long double scaled_far(Pair value, int exponent)
-{
-    const bool negative = value.hi < 0;
-    if (exponent > 16384) return overflowed(negative);
-    if (exponent > 0) return (value.hi + value.lo) * 0x1p16383L * power_of_two(exponent - 16383);
-    if (exponent < -16447) return underflowed(negative);
-    const long double scale = power_of_two(exponent + 256);
-    const Pair sum = fast_two_sum(value.hi, value.lo);
-    const long double head = sum.hi * scale;
-    if (magnitude(head) >= 0x1p-16126L) return head * 0x1p-256L;
-    // The product rounds to the denormal's width; what that took from the pair, its tail included, is rounded
-    // to the same width and added, which is exact.
-    const long double denormal = head * 0x1p-256L;
-    return denormal + ((head - denormal * 0x1p256L) + sum.lo * scale) * 0x1p-256L;
-}
-
-// (hi + lo) 2^exponent, rounded once.
-ZELK_INLINE long double rounded(ScaledPair x)
-{
-    if (x.exponent < -16381 || x.exponent > 16383) [[unlikely]]
-        return scaled_far(x.value, x.exponent);
-    return (x.value.hi + x.value.lo) * power_of_two(x.exponent);
 }
 
 } // namespace zelk::ZELK_TIER

@@ -6,10 +6,14 @@
 
 namespace zelk::ZELK_TIER {
 
+// What brings the significand to [1, 4) by the parity of the exponent, so that the rest is an even power of
+// two.
+static constexpr long double __invsqrtl_scales[2] = {1.0L, 2.0L};
+
 static long double reciprocal_root(Normalised x)
 {
     const int odd = x.exponent & 1;
-    const long double m = number_of(x.significand, exponent_bias + odd);
+    const long double m = number_of(x.significand, exponent_bias) * __invsqrtl_scales[odd];
     const long double y = 1.0L / sqrtl_scalar(m);
     // y (1 + (1 - m y^2)/2)
     const Pair square = two_product(y, y);
@@ -18,19 +22,19 @@ static long double reciprocal_root(Normalised x)
     return (y + y * (0.5L * residual)) * power_of_two(-(x.exponent - odd) / 2);
 }
 
-static long double of(long double x)
+static long double reciprocal_root(long double x)
 {
     const Words words = words_of(x);
     if (words.not_finite() && !words.infinite()) return x + x;
     if (words.zero()) return pole(words.negative());
     if (words.negative()) return invalid();
     if (words.infinite()) return 0.0L;
-    return reciprocal_root(words.below_normal() ? normalised_denormal(words) : normalised(words));
+    return reciprocal_root(normalised_finite(words));
 }
 
 long double __invsqrtl(long double* x)
 {
-    *x = of(*x);
+    *x = reciprocal_root(*x);
     return *x;
 }
 

@@ -8,13 +8,6 @@
 
 namespace zelk::ZELK_TIER {
 
-// Of a denormal number, not zero; pseudo-denormals have the integer bit already.
-ZELK_INLINE Normalised normalised_denormal(Words words)
-{
-    const int shift = __builtin_clzll(words.significand);
-    return {words.significand << shift, 1 - exponent_bias - shift};
-}
-
 // ln x = head + ln(1 + f), heads and tails as they come.
 struct LogarithmReduction {
     Pair head;

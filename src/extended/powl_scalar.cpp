@@ -113,7 +113,7 @@ ZELK_INLINE long double signed_power(Normalised x, long double size, long double
     if (wy.biased_exponent() < exponent_bias - 80) return grows ? and_a_little(1.0L) : but_a_little(1.0L);
     if (wy.biased_exponent() >= exponent_bias + 80)
         return size == 1.0L ? 1.0L : grows ? overflowed(false) : underflowed(false);
-    return signed_power(wx.below_normal() ? normalised_denormal(wx) : normalised(wx), size, y, negative);
+    return signed_power(normalised_finite(wx), size, y, negative);
 }
 
 long double powl_scalar(long double x, long double y)

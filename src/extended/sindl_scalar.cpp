@@ -10,10 +10,10 @@ namespace zelk::ZELK_TIER {
     if (words.not_finite()) return x - x;
     if (words.zero()) return x;
     // x pi/180, less a part that no rounding sees.
-    const Normalised n = normalised(words);
+    const Normalised n = normalised_finite(words);
     const auto& factor = tables::extended_trig.radians_per_degree;
     const long double significand = number_of(n.significand, exponent_bias | (words.sign_exponent & 0x8000));
-    return scaled(multiply(Pair{factor.hi, factor.lo}, significand), n.exponent);
+    return scaled_far(multiply(Pair{factor.hi, factor.lo}, significand), n.exponent);
 }
 
 long double sindl_scalar(long double x)

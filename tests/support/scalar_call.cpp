@@ -48,6 +48,13 @@ ComplexBits complex_bits(const float& re, const float& im)
 Argument::Argument(const double& x) : narrow(std::bit_cast<std::uint64_t>(x)) {}
 Argument::Argument(const float& x) : narrow(std::bit_cast<std::uint32_t>(x)) {}
 
+Argument Argument::of_bits(std::uint64_t bits)
+{
+    Argument result;
+    result.narrow = bits;
+    return result;
+}
+
 double ScalarResult::value_d() const
 {
     return std::bit_cast<double>(narrow);
@@ -60,12 +67,19 @@ std::vector<ScalarKernel> scalar_kernels(const std::string& name)
         std::vector<ScalarKernel> kernels = {{name, entry.signature, exported(name)}};
         for (const char tier : entry.tiers) {
             const std::string symbol = name + '.' + tier;
-            kernels.push_back({symbol, entry.signature, exported(symbol)});
+            kernels.push_back({symbol, entry.signature, exported(symbol), tier});
         }
         return kernels;
     }
     std::fprintf(stderr, "no scalar routine %s\n", name.c_str());
     std::abort();
+}
+
+std::vector<ScalarKernel> tier_kernels(const std::string& name)
+{
+    auto kernels = scalar_kernels(name);
+    kernels.erase(kernels.begin());
+    return kernels;
 }
 
 ScalarKernel scalar_kernel(const std::string& name)

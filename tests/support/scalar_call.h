@@ -60,9 +60,11 @@ struct ScalarKernel {
     std::string symbol;
     std::string signature; // as in the list: "l_ll", "v_lLL", ...
     const void* address;
+    char tier = 0; // 0: the dispatcher, or a single implementation
 };
-// All of one name, the dispatcher first.
+// All of one name, the dispatcher first; its tiers alone.
 std::vector<ScalarKernel> scalar_kernels(const std::string& name);
+std::vector<ScalarKernel> tier_kernels(const std::string& name);
 // The one of a name without tiers.
 ScalarKernel scalar_kernel(const std::string& name);
 
@@ -83,6 +85,7 @@ struct Argument {
     Argument(const double& x);
     Argument(const float& x);
     Argument(const ComplexBits& z) : narrow(z.re), imaginary(z.im) {}
+    static Argument of_bits(std::uint64_t bits);
     Bits80 extended;
     std::uint64_t narrow = 0;    // d and f; the real part of z and c
     std::uint64_t imaginary = 0; // z and c

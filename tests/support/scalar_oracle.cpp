@@ -35,13 +35,31 @@ WorstScalar search(const ScalarKernel& kernel, std::span<const T> xs, std::span<
 }
 
 template <class T>
-auto evaluator(const Unary& exact, Exact& x, Exact& value)
+WorstScalar search_unary(const ScalarKernel& kernel, std::span<const T> xs, const Unary& exact, int which,
+                         const Environment& environment)
 {
-    return [&](const T& argument, const T&) -> mpfr_srcptr {
+    Exact x;
+    Exact value;
+    return search<T>(kernel, xs, {}, which, environment, [&](const T& argument, const T&) -> mpfr_srcptr {
         mpfr_set_ld(x.value, argument, MPFR_RNDN);
         exact(value.value, x.value);
         return value.value;
-    };
+    });
+}
+
+template <class T>
+WorstScalar search_binary(const ScalarKernel& kernel, std::span<const T> xs, std::span<const T> ys,
+                          const Binary& exact, int which, const Environment& environment)
+{
+    Exact x;
+    Exact y;
+    Exact value;
+    return search<T>(kernel, xs, ys, which, environment, [&](const T& a, const T& b) -> mpfr_srcptr {
+        mpfr_set_ld(x.value, a, MPFR_RNDN);
+        mpfr_set_ld(y.value, b, MPFR_RNDN);
+        exact(value.value, x.value, y.value);
+        return value.value;
+    });
 }
 
 } // namespace
@@ -56,33 +74,23 @@ std::string WorstScalar::text() const
 WorstScalar worst_error(const ScalarKernel& kernel, std::span<const long double> xs, const Unary& exact,
                         int result, const Environment& environment)
 {
-    Exact x;
-    Exact value;
-    return search<long double>(kernel, xs, {}, result, environment, evaluator<long double>(exact, x, value));
+    return search_unary(kernel, xs, exact, result, environment);
 }
-
 WorstScalar worst_error(const ScalarKernel& kernel, std::span<const double> xs, const Unary& exact,
                         const Environment& environment)
 {
-    Exact x;
-    Exact value;
-    return search<double>(kernel, xs, {}, -1, environment, evaluator<double>(exact, x, value));
+    return search_unary(kernel, xs, exact, -1, environment);
 }
-
 WorstScalar worst_error(const ScalarKernel& kernel, std::span<const long double> xs,
                         std::span<const long double> ys, const Binary& exact, int result,
                         const Environment& environment)
 {
-    Exact x;
-    Exact y;
-    Exact value;
-    return search<long double>(kernel, xs, ys, result, environment,
-                               [&](const long double& a, const long double& b) -> mpfr_srcptr {
-                                   mpfr_set_ld(x.value, a, MPFR_RNDN);
-                                   mpfr_set_ld(y.value, b, MPFR_RNDN);
-                                   exact(value.value, x.value, y.value);
-                                   return value.value;
-                               });
+    return search_binary(kernel, xs, ys, exact, result, environment);
+}
+WorstScalar worst_error(const ScalarKernel& kernel, std::span<const double> xs, std::span<const double> ys,
+                        const Binary& exact, const Environment& environment)
+{
+    return search_binary(kernel, xs, ys, exact, -1, environment);
 }
 
 void expect_error_within(double bound_ulp, const WorstScalar& worst, const std::string& kernel,

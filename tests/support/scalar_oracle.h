@@ -26,6 +26,8 @@ WorstScalar worst_error(const ScalarKernel& kernel, std::span<const long double>
                         const Environment& environment = {});
 WorstScalar worst_error(const ScalarKernel& kernel, std::span<const double> xs, const Unary& exact,
                         const Environment& environment = {});
+WorstScalar worst_error(const ScalarKernel& kernel, std::span<const double> xs, std::span<const double> ys,
+                        const Binary& exact, const Environment& environment = {});
 // Fails if the error is above the bound; prints what was measured in any case.
 void expect_error_within(double bound_ulp, const WorstScalar& worst, const std::string& kernel,
                          const std::string& path);

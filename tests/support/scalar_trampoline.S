@@ -76,6 +76,11 @@ zelk_call_scalar:
     movq XMM_IN+8(%rbx), %xmm1
     movq XMM_IN+16(%rbx), %xmm2
     movq XMM_IN+24(%rbx), %xmm3
+    // What a scalar argument leaves in the rest of its register is anything.
+    movhps .Lsignalling_nans(%rip), %xmm0
+    movhps .Lsignalling_nans(%rip), %xmm1
+    movhps .Lsignalling_nans(%rip), %xmm2
+    movhps .Lsignalling_nans(%rip), %xmm3
     movq POINTERS(%rbx), %rdi
     movq POINTERS+8(%rbx), %rsi
     call *TARGET(%rbx)
@@ -124,4 +129,10 @@ zelk_call_scalar:
     ret
     .cfi_endproc
     .size zelk_call_scalar, . - zelk_call_scalar
+#if defined(__x86_64__)
+    .section .rodata
+    .p2align 3
+.Lsignalling_nans:
+    .long 0x7FA00000, 0x7FA00000
+#endif
     .section .note.GNU-stack, "", @progbits

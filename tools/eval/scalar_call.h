@@ -17,7 +17,7 @@ struct Shown {
 
 struct ScalarOutcome {
     std::vector<Shown> arguments; // as read
-    Shown result;
+    std::vector<Shown> results;   // returned, then stored
     unsigned flags;
 };
 
