@@ -316,4 +316,21 @@ ZELK_INLINE long2 negative_lanes(long2 x)
     return as_long2(high_words(as_int4(x)) >> 31);
 }
 
+// Every lane through a scalar routine, in order. The routines take and return bit patterns: a NaN that goes
+// in or comes back as it is may be a signalling one.
+ZELK_INLINE float4 lane_by_lane(float4 x, std::uint32_t (*routine)(std::uint32_t))
+{
+    uint4 lanes = as_uint4(x);
+    for (int lane = 0; lane < 4; ++lane)
+        lanes[lane] = routine(lanes[lane]);
+    return as_float4(lanes);
+}
+ZELK_INLINE double2 lane_by_lane(double2 x, std::uint64_t (*routine)(std::uint64_t))
+{
+    ulong2 lanes = as_ulong2(x);
+    for (int lane = 0; lane < 2; ++lane)
+        lanes[lane] = routine(lanes[lane]);
+    return as_double2(lanes);
+}
+
 } // namespace zelk::ZELK_TIER
