@@ -64,9 +64,13 @@ class Results:
         return [entry for entry in self.rows if entry.endswith("_scalar")]
 
 
+def lanes_of(entry):
+    if entry.endswith("4"):
+        return "float4" if entry.endswith("f4") or entry == "ropsSinCos4" else "int4"
+    return "complex" if entry.endswith("f2") and entry != "erf2" else "double2"
+
+
 def elements(entry):
-    if entry.endswith("f2") and entry != "erf2":
-        return 2
     return 4 if entry.endswith("4") else 2
 
 
@@ -221,15 +225,18 @@ def plot(results, name, title, label, headings, rows, logarithmic=True):
 
 
 def plots(results):
-    for lanes, suffix in (("float4", "f4"), ("double2", "2")):
+    for lanes in ("float4", "double2"):
         names = [entry for entry in results.vector_entries()
-                 if (entry.endswith("f4") if suffix == "f4" else entry.endswith("2") and not entry.endswith("f2"))
-                 and not entry.startswith("rop") and results.cycles(entry, LIBM)]
+                 if lanes_of(entry) == lanes and not entry.startswith("rop") and results.cycles(entry, LIBM)]
+        bars = ["libzelk", "libm, once per lane"]
+        rows = [[entry, results.cycles(entry, "dispatcher"), results.cycles(entry, LIBM)] for entry in names]
+        if any(results.peers(entry) for entry in names):
+            bars.insert(1, f"fastest peer within {PEER_ERROR:.0f} ulp")
+            for row in rows:
+                peer = results.fastest_peer(row[0])
+                row.insert(2, results.cycles(row[0], peer) if peer else None)
         plot(results, lanes, f"{lanes}: cycles per element, ordinary arguments (less is better)", "cycles per element",
-             ("libzelk", f"fastest peer within {PEER_ERROR:.0f} ulp", "libm, once per lane"),
-             [(entry, results.cycles(entry, "dispatcher"),
-               results.fastest_peer(entry) and results.cycles(entry, results.fastest_peer(entry)),
-               results.cycles(entry, LIBM)) for entry in names])
+             bars, rows)
         if results.bounds:
             rows = []
             for entry in names:

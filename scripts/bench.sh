@@ -50,7 +50,7 @@ processor: $(sed -n 's/^model name\s*: //p' /proc/cpuinfo | head -n 1), family $
 clock: $(sed -n 's/^clock //p' "$build/clock")
 compiler: $(c++ --version | head -n 1)
 C library: $(ldd --version | head -n 1)
-peers: $(dpkg-query --show --showformat '${Package} ${Version}, ' libsleef3 libeigen3-dev libxsimd-dev libhwy-dev 2>/dev/null | sed 's/, $//')
+peers: $([ "$target" = x86_64 ] || echo none; [ "$target" != x86_64 ] || dpkg-query --show --showformat '${Package} ${Version}, ' libsleef3 libeigen3-dev libxsimd-dev libhwy-dev 2>/dev/null | sed 's/, $//')
 date: $(date +%F)
 command: scripts/bench.sh --target $target
 loading the library, smallest / median of 200 processes: $(cut -d' ' -f1 "$build/load_times" | smallest_and_median)
