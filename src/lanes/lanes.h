@@ -231,6 +231,16 @@ ZELK_INLINE double opaque(double x)
     return x;
 }
 
+// x in a register of its own, for an operation with a constant: the operation then overwrites the copy and
+// reads the constant from memory. Left alone, the compiler loads the constant into a register and keeps x,
+// which takes a load and a physical register more; these, not the operations, bound how many calls overlap.
+template <class Vector>
+[[gnu::always_inline]] static inline Vector copy(Vector x)
+{
+    asm volatile("" : "+x"(x));
+    return x;
+}
+
 // Last statement of a two-result kernel: `return both(first, second);` leaves first in XMM0, the platform's
 // return register, and second in XMM1. Nothing that the compiler still adds (restoring registers, the stack
 // pointer, the return) touches a vector register.
@@ -304,6 +314,23 @@ ZELK_INLINE int4 odd_words(int4 low, int4 high)
 ZELK_INLINE long2 negative_lanes(long2 x)
 {
     return as_long2(high_words(as_int4(x)) >> 31);
+}
+
+// Every lane through a scalar routine, in order. The routines take and return bit patterns: a NaN that goes
+// in or comes back as it is may be a signalling one.
+ZELK_INLINE float4 lane_by_lane(float4 x, std::uint32_t (*routine)(std::uint32_t))
+{
+    uint4 lanes = as_uint4(x);
+    for (int lane = 0; lane < 4; ++lane)
+        lanes[lane] = routine(lanes[lane]);
+    return as_float4(lanes);
+}
+ZELK_INLINE double2 lane_by_lane(double2 x, std::uint64_t (*routine)(std::uint64_t))
+{
+    ulong2 lanes = as_ulong2(x);
+    for (int lane = 0; lane < 2; ++lane)
+        lanes[lane] = routine(lanes[lane]);
+    return as_double2(lanes);
 }
 
 } // namespace zelk::ZELK_TIER
