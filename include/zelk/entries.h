@@ -80,7 +80,7 @@ ZELK_BEGIN_DECLARATIONS
     zelk_##lanes symbol##Mask ZELK_MASKED_POINTER_ARGUMENTS_##n(zelk_##lanes);                               \
     ZELK_KERNELS_##lanes(symbol, ZELK_POINTER_ARGUMENTS_##n(zelk_##lanes))
 
-/* Lines in comments are functions still to be written. The final 2 of a double2 name is the number of lanes:
+/* The final 2 of a double2 name is the number of lanes:
  * __zelk_exp2 is e^x, __zelk_log2 is ln x, __zelk_atan2 is the arc tangent of one argument. */
 
 /* Sine and cosine. */
