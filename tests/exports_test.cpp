@@ -95,6 +95,19 @@ TEST(Exports, ListHasEveryGroupInFull)
 #endif
 }
 
+// The last number of the target's row in the table of docs/reference.md.
+TEST(Exports, ReferencePageHasTheirNumber)
+{
+    std::ifstream file(REFERENCE);
+    std::string number;
+    for (std::string line; std::getline(file, line);) {
+        std::smatch match;
+        if (std::regex_match(line, match, std::regex("\\| " ZELK_TARGET_NAME " \\|.* ([0-9]+) \\|")))
+            number = match[1];
+    }
+    EXPECT_EQ(number, std::to_string(exports_of(ZELK_LIBRARY, "ZELK_1").size()));
+}
+
 // Run by the test `exports.complete`, which ctest shows as skipped as long as names are missing.
 TEST(Exports, Complete)
 {

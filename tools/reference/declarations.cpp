@@ -19,8 +19,11 @@ void append_line(std::string& comment, const std::string& words)
 {
     static const std::regex list_item("^ +- .*");
     if (words.empty()) return;
+    const std::size_t last_line = comment.rfind('\n');
     if (std::regex_match(words, list_item))
         comment += '\n';
+    else if (last_line != std::string::npos && comment[last_line + 1] == ' ' && comment.ends_with('.'))
+        comment += "\n\n"; // the end of the list
     else if (!comment.empty())
         comment += ' ';
     comment += words;

@@ -2,6 +2,7 @@
 
 #include <fstream>
 #include <sstream>
+#include <stdexcept>
 
 namespace zelk::reference {
 
@@ -101,7 +102,21 @@ std::string tiers(const Function& function, const std::string& target)
     const std::string& dispatch = x86_64 ? function.dispatch_x86_64 : function.dispatch_i386;
     if (dispatch == "plain") return "";
     if (function.lanes == "scalar") return x86_64 ? "AL" : "AJ";
-    return x86_64 ? "AL" : function.lanes == "d2" ? "ALN" : "AJLN";
+    if (x86_64) return "AL";
+    if (function.lanes == "d2") return "ALN";
+    return function.lanes == "f4" || function.lanes == "c2" ? "JLN" : "AJLN"; // A of f4 and c2: not built yet
+}
+
+std::string influenced_tiers(const std::filesystem::path& source, const Function& function,
+                             const std::string& target)
+{
+    const std::filesystem::path path = source / "docs/data" / ("neighbours_" + target + ".txt");
+    std::ifstream file(path);
+    if (!file) throw std::runtime_error(path.string() + " cannot be read");
+    std::string letters;
+    for (std::string line; std::getline(file, line);)
+        if (line.starts_with(function.symbol + '.')) letters += line[function.symbol.size() + 1];
+    return letters;
 }
 
 std::string page_of(const std::string& name)

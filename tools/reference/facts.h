@@ -26,6 +26,10 @@ struct Function {
 const std::vector<Function>& functions();
 // All tiers in which a function exists on a target: "AL".
 std::string tiers(const Function& function, const std::string& target);
+// Those of them that may give a lane other bits beside other lanes, as docs/data/neighbours_<target>.txt has
+// them.
+std::string influenced_tiers(const std::filesystem::path& source, const Function& function,
+                             const std::string& target);
 // Page of docs/functions that describes a function: "sin_cosf4"; empty: none.
 std::string page_of(const std::string& name);
 

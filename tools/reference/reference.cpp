@@ -6,6 +6,7 @@
 #include "facts.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cstdio>
 #include <cstring>
 #include <exception>
@@ -88,17 +89,29 @@ std::string page_link(const Function& function, const std::string& from)
     return page.empty() ? "—" : '[' + page + "](" + from + "functions/" + page + ".md)";
 }
 
-void print_vector_table(const std::vector<const Function*>& list)
+// The tiers in which a lane's bits depend on the lanes beside it.
+std::string influenced(const fs::path& source, const Function& function)
 {
-    std::cout << "| entry | lanes | arguments | results | tries, x86-64 | tries, i386 | masked entry | kind: "
-                 "inactive "
-                 "lanes hold | alias | page |\n|---|---|---|---|---|---|---|---|---|---|\n";
+    const std::string x86_64 = influenced_tiers(source, function, "x86_64");
+    const std::string i386 = influenced_tiers(source, function, "i386");
+    if (x86_64.empty() && i386.empty()) return "—";
+    return "x86-64 " + (x86_64.empty() ? "—" : spaced(x86_64)) + ", i386 " +
+           (i386.empty() ? "—" : spaced(i386));
+}
+
+void print_vector_table(const fs::path& source, const std::vector<const Function*>& list)
+{
+    std::cout
+        << "| entry | lanes | arguments | results | tries, x86-64 | tries, i386 | masked entry | kind: "
+           "inactive "
+           "lanes hold | alias | neighbours matter | page |\n|---|---|---|---|---|---|---|---|---|---|---|\n";
     for (const Function* f : list)
         if (is_vector(*f))
             std::cout << "| " << code(f->symbol) << " | " << lanes(*f) << " | " << f->args << " | "
                       << results(*f) << " | " << spaced(f->dispatch_x86_64) << " | "
                       << spaced(f->dispatch_i386) << " | " << code(f->masked()) << " | " << masking(*f)
-                      << " | " << code(f->alias) << " | " << page_link(*f, "../") << " |\n";
+                      << " | " << code(f->alias) << " | " << influenced(source, *f) << " | "
+                      << page_link(*f, "../") << " |\n";
     std::cout << '\n';
 }
 
@@ -132,31 +145,47 @@ void print_measurements(const fs::path& source, const Function& function)
     if (heading) std::cout << '\n';
 }
 
+// What a header says above a group of functions; its first words are the heading if they are few.
+void print_section(const Passage& passage)
+{
+    const std::size_t end = passage.comment.find_first_of(".:");
+    std::string text = passage.comment;
+    if (end != std::string::npos && end <= 70) {
+        std::cout << "## " << text.substr(0, end) << "\n\n";
+        text.erase(0, text.find_first_not_of(".: ", end));
+        if (!text.empty()) text[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(text[0])));
+    }
+    if (!text.empty()) std::cout << markdown(text) << "\n\n";
+    if (!passage.declarations.empty()) std::cout << "```c\n" << passage.declarations << "```\n\n";
+}
+
 void print_header_page(const fs::path& source, const std::string& header)
 {
     const std::vector<Passage> passages = read_header(source / "include/zelk" / (header + ".h"));
     const std::vector<const Function*> list = declared_in(passages);
     std::string title = passages.front().comment;
-    title = title.substr(0, title.find_first_of(".,:"));
+    title = title.substr(0, title.find_first_of(".:"));
     std::cout << not_by_hand << "# `zelk/" << header << ".h`: " << title << "\n\n"
               << "Columns, mask kinds and the names of kernels: [reference](../reference.md). Errors are the "
                  "largest "
                  "found in round to\nnearest, in units in the last place of the exact result.\n\n";
-    print_vector_table(list);
+    print_vector_table(source, list);
     const bool scalars = std::any_of(list.begin(), list.end(), [](auto* f) { return f->lanes == "scalar"; });
     if (scalars) print_scalar_table(list);
 
     for (std::size_t i = 1; i < passages.size(); ++i) {
         const Passage& passage = passages[i];
         const std::vector<const Function*> declared = declared_in(passage);
-        if (!declared.empty()) {
-            std::cout << "## ";
-            for (const Function* f : declared)
-                std::cout << (f == declared.front() ? "" : ", ") << code(f->symbol);
-            std::cout << "\n\n";
+        if (declared.empty()) {
+            print_section(passage);
+            continue;
         }
+        std::cout << "### ";
+        for (const Function* f : declared)
+            std::cout << (f == declared.front() ? "" : ", ") << code(f->symbol);
+        std::cout << "\n\n";
         if (!passage.comment.empty()) std::cout << markdown(passage.comment) << "\n\n";
-        if (!passage.declarations.empty()) std::cout << "```c\n" << passage.declarations << "```\n\n";
+        std::cout << "```c\n" << passage.declarations << "```\n\n";
         for (const Function* f : declared)
             print_measurements(source, *f);
     }
@@ -167,7 +196,7 @@ void print_index(const fs::path& source)
     std::cout << not_by_hand << R"(# Reference
 
 Every exported name, by the header that declares it. Each page has the functions with their errors, special arguments
-and flags; the method pages that they link to tell how results come about, and which lanes influence others.
+and flags; the method pages that they link to tell how results come about.
 
 **Names.** Beside the entry `__zelk_sinf4` stand its masked entry `__zelk_sinf4_mask`, its kernels `__zelk_sinf4.A`,
 `__zelk_sinf4.L` (in C `__zelk_sinf4_A`, `zelk/entries.h`), and, where the column *alias* has one, `ropsSin4` and
@@ -175,7 +204,12 @@ and flags; the method pages that they link to tell how results come about, and w
 
 **Tiers.** The entry tries the tiers of its target in the order given, and calls the first that the processor has.
 Every vector function has kernels of all tiers of the target, also those that its entry never calls: A and L on x86-64;
-on i386 A, J, L and N, double2 functions A, L and N. Scalar routines with tiers have A and L, on i386 A and J.
+on i386 A, J, L and N, double2 functions A, L and N. (On i386 tier A of the float4 and complex-float2 functions is not
+built yet; where an entry tries it, it takes J.) Scalar routines with tiers have A and L, on i386 A and J.
+
+**Neighbours.** Most kernels give a lane the same bits whatever stands beside it. Some hand a whole vector over to
+another method when one lane asks for it; the column *neighbours matter* names their tiers, measured over pairs of
+values from all paths (`tests/neighbours_test.cpp`). The other method is within the stated error, too.
 
 **Masked entries.** The mask follows the arguments. Lanes that it leaves inactive are computed at the values named, and
 raise nothing.
@@ -191,19 +225,19 @@ raise nothing.
 
 )";
     std::cout << "| page | entries | scalar routines, tables |\n|---|---|---|\n";
-    std::size_t count[2] = {};
+    std::size_t count = 0;
     for (const char* const header : headers) {
         std::string cells[2];
         for (const Function* f :
              declared_in(read_header(source / "include/zelk" / (std::string(header) + ".h")))) {
             const int kind = is_vector(*f) ? 0 : 1;
             cells[kind] += (cells[kind].empty() ? "" : ", ") + code(f->symbol);
-            ++count[kind];
+            ++count;
         }
         std::cout << "| [" << header << "](reference/" << header << ".md) | " << cells[0] << " | " << cells[1]
                   << " |\n";
     }
-    if (count[0] + count[1] != functions().size())
+    if (count != functions().size())
         throw std::runtime_error("the headers do not declare every function once");
 
     std::cout << "\n## Exported names\n\n| target | without a tier |";
