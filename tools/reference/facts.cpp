@@ -42,6 +42,19 @@ constexpr Page pages[] = {
     {"rounding",
      "ceilf4 ceil2 floorf4 floor2 truncf4 trunc2 roundf4 round2 rintf4 rint2 nearbyintf4 nearbyint2"},
     {"intdiv", "idiv4 irem4 idivrem4 ropiDivRem4 udiv4 urem4 udivrem4 ropuDivRem4"},
+    {"cexp", "cexpf2 cexpf_scalar cexp_scalar internal_cexp"},
+    {"clog", "clogf2 clogf_scalar clog_scalar"},
+    {"cacos", "cacosf2 cacosf_scalar cacos_scalar"},
+    {"complex",
+     "cacoshf2 casinf2 casinhf2 catanf2 catanhf2 ccosf2 ccoshf2 clog10f2 clog2f2 cpowf2 csinf2 csinhf2 "
+     "ctanf2 ctanhf2 "
+     "cacosh_scalar casin_scalar casinh_scalar catan_scalar catanh_scalar ccos_scalar ccosh_scalar "
+     "clog10_scalar "
+     "clog2_scalar cpow_scalar csin_scalar csinh_scalar ctan_scalar ctanh_scalar cacoshf_scalar "
+     "casinf_scalar "
+     "casinhf_scalar catanf_scalar catanhf_scalar ccosf_scalar ccoshf_scalar clog10f_scalar clog2f_scalar "
+     "cpowf_scalar csinf_scalar csinhf_scalar ctanf_scalar ctanhf_scalar fabs_scalar copysign_scalar "
+     "copysignf_scalar"},
     {"csqrt", "csqrtf2 csqrtf_scalar csqrt_scalar"},
     {"extended",
      "fabsl_scalar expl_scalar logl_scalar log1pl_scalar log_scalar log1p_scalar sinhl_scalar coshl_scalar "
@@ -119,12 +132,13 @@ std::string influenced_tiers(const std::filesystem::path& source, const Function
     return letters;
 }
 
-std::string page_of(const std::string& name)
+std::string page_of(const std::filesystem::path& source, const std::string& name)
 {
     for (const Page& page : pages) {
         std::istringstream words(page.functions);
         for (std::string word; words >> word;)
-            if (word == name) return page.stem;
+            if (word == name && exists(source / "docs/functions" / (std::string(page.stem) + ".md")))
+                return page.stem;
     }
     return "";
 }

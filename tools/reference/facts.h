@@ -31,7 +31,7 @@ std::string tiers(const Function& function, const std::string& target);
 std::string influenced_tiers(const std::filesystem::path& source, const Function& function,
                              const std::string& target);
 // Page of docs/functions that describes a function: "sin_cosf4"; empty: none.
-std::string page_of(const std::string& name);
+std::string page_of(const std::filesystem::path& source, const std::string& name);
 
 // A row of docs/accuracy/errors_<target>.csv, by the column's name.
 using Measurement = std::map<std::string, std::string>;

@@ -83,20 +83,20 @@ std::vector<const Function*> declared_in(const std::vector<Passage>& passages)
     return found;
 }
 
-std::string page_link(const Function& function, const std::string& from)
+std::string page_link(const fs::path& source, const Function& function)
 {
-    const std::string page = page_of(function.name);
-    return page.empty() ? "—" : '[' + page + "](" + from + "functions/" + page + ".md)";
+    const std::string page = page_of(source, function.name);
+    return page.empty() ? "—" : '[' + page + "](../functions/" + page + ".md)";
 }
 
 // The tiers in which a lane's bits depend on the lanes beside it.
 std::string influenced(const fs::path& source, const Function& function)
 {
-    const std::string x86_64 = influenced_tiers(source, function, "x86_64");
-    const std::string i386 = influenced_tiers(source, function, "i386");
-    if (x86_64.empty() && i386.empty()) return "—";
-    return "x86-64 " + (x86_64.empty() ? "—" : spaced(x86_64)) + ", i386 " +
-           (i386.empty() ? "—" : spaced(i386));
+    const std::string on_64 = influenced_tiers(source, function, "x86_64");
+    const std::string on_32 = influenced_tiers(source, function, "i386");
+    if (on_64.empty() && on_32.empty()) return "—";
+    return "x86-64 " + (on_64.empty() ? "—" : spaced(on_64)) + ", i386 " +
+           (on_32.empty() ? "—" : spaced(on_32));
 }
 
 void print_vector_table(const fs::path& source, const std::vector<const Function*>& list)
@@ -111,18 +111,18 @@ void print_vector_table(const fs::path& source, const std::vector<const Function
                       << results(*f) << " | " << spaced(f->dispatch_x86_64) << " | "
                       << spaced(f->dispatch_i386) << " | " << code(f->masked()) << " | " << masking(*f)
                       << " | " << code(f->alias) << " | " << influenced(source, *f) << " | "
-                      << page_link(*f, "../") << " |\n";
+                      << page_link(source, *f) << " |\n";
     std::cout << '\n';
 }
 
-void print_scalar_table(const std::vector<const Function*>& list)
+void print_scalar_table(const fs::path& source, const std::vector<const Function*>& list)
 {
     std::cout << "| scalar routine | tries, x86-64 | tries, i386 | page |\n|---|---|---|---|\n";
     const auto tries = [](const std::string& tiers) { return tiers == "plain" ? "—" : spaced(tiers); };
     for (const Function* f : list)
         if (f->lanes == "scalar")
             std::cout << "| " << code(f->symbol) << " | " << tries(f->dispatch_x86_64) << " | "
-                      << tries(f->dispatch_i386) << " | " << page_link(*f, "../") << " |\n";
+                      << tries(f->dispatch_i386) << " | " << page_link(source, *f) << " |\n";
     std::cout << '\n';
 }
 
@@ -171,7 +171,7 @@ void print_header_page(const fs::path& source, const std::string& header)
                  "found in round to\nnearest, in units in the last place of the exact result.\n\n";
     print_vector_table(source, list);
     const bool scalars = std::any_of(list.begin(), list.end(), [](auto* f) { return f->lanes == "scalar"; });
-    if (scalars) print_scalar_table(list);
+    if (scalars) print_scalar_table(source, list);
 
     for (std::size_t i = 1; i < passages.size(); ++i) {
         const Passage& passage = passages[i];
