@@ -231,16 +231,6 @@ ZELK_INLINE double opaque(double x)
     return x;
 }
 
-// x in a register of its own, for an operation with a constant: the operation then overwrites the copy and
-// reads the constant from memory. Left alone, the compiler loads the constant into a register and keeps x,
-// which takes a load and a physical register more; these, not the operations, bound how many calls overlap.
-template <class Vector>
-[[gnu::always_inline]] static inline Vector copy(Vector x)
-{
-    asm volatile("" : "+x"(x));
-    return x;
-}
-
 // Last statement of a two-result kernel: `return both(first, second);` leaves first in XMM0, the platform's
 // return register, and second in XMM1. Nothing that the compiler still adds (restoring registers, the stack
 // pointer, the return) touches a vector register.

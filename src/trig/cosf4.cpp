@@ -11,7 +11,7 @@ using tables::SinCosf4;
 
 ZELK_INLINE Reducedf4 reduce_in_binary32(float4 y, const SinCosf4& k)
 {
-    const int4 n = round_to_int((copy(y) + k.MMSPIo2) * k.MMSINVPI);
+    const int4 n = round_to_int((y + k.MMSPIo2) * k.MMSINVPI);
     return subtract_multiple_of_pi(y, to_float4(n) - k.MMS05, n, k);
 }
 

@@ -11,7 +11,7 @@ using tables::SinCosf4;
 
 ZELK_INLINE Reducedf4 reduce_in_binary32(float4 x, const SinCosf4& k)
 {
-    const int4 n = round_to_int(copy(x) * k.MMSINVPI);
+    const int4 n = round_to_int(x * k.MMSINVPI);
     return subtract_multiple_of_pi(x, to_float4(n), n, k);
 }
 
