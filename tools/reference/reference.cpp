@@ -64,13 +64,23 @@ bool is_vector(const Function& function)
     return !function.mask.empty();
 }
 
+// Whether the text declares a function or an array of this name.
+bool declares(const std::string& text, const std::string& name)
+{
+    for (std::size_t at = text.find(name); at != std::string::npos; at = text.find(name, at + 1)) {
+        const char before = at == 0 ? ' ' : text[at - 1];
+        const char after = at + name.size() < text.size() ? text[at + name.size()] : ' ';
+        if ((before == ' ' || before == '*') && (after == '(' || after == '[')) return true;
+    }
+    return false;
+}
+
 // What a passage of a header declares.
 std::vector<const Function*> declared_in(const Passage& passage)
 {
     std::vector<const Function*> found;
     for (const Function& function : functions())
-        if (std::regex_search(passage.declarations, std::regex("\\b" + function.symbol + "[(\\[]")))
-            found.push_back(&function);
+        if (declares(passage.declarations, function.symbol)) found.push_back(&function);
     return found;
 }
 
@@ -126,6 +136,12 @@ void print_scalar_table(const fs::path& source, const std::vector<const Function
     std::cout << '\n';
 }
 
+// Text of a table's cell, where a bar would end the cell.
+std::string cell(const std::string& text)
+{
+    return std::regex_replace(text, std::regex("\\|"), "\\|");
+}
+
 void print_measurements(const fs::path& source, const Function& function)
 {
     bool heading = false;
@@ -137,7 +153,7 @@ void print_measurements(const fs::path& source, const Function& function)
                              "rounded "
                              "|\n|---|---|---|---|---|---|---|\n";
             heading = true;
-            std::cout << "| " << target << " | " << row["tier"] << " | " << row["path"] << " | "
+            std::cout << "| " << target << " | " << row["tier"] << " | " << cell(row["path"]) << " | "
                       << row["arguments"] << " | " << row["max_ulp"] << " | " << row["worst_argument"]
                       << " | " << row["correctly_rounded_share"] << " |\n";
         }
