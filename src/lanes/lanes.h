@@ -323,4 +323,13 @@ ZELK_INLINE double2 lane_by_lane(double2 x, std::uint64_t (*routine)(std::uint64
     return as_double2(lanes);
 }
 
+// The lanes of a mask, lane 0 first, through a scalar routine; the others as they are in the result.
+template <class Vector, class Scalar>
+ZELK_INLINE Vector replace_lanes(Vector result, Vector x, unsigned mask, Scalar (*routine)(Scalar))
+{
+    for (int lane = 0; mask != 0; ++lane, mask >>= 1)
+        if (mask & 1) result[lane] = routine(x[lane]);
+    return result;
+}
+
 } // namespace zelk::ZELK_TIER
