@@ -1,4 +1,4 @@
-/* Functions of complex numbers, on two binary32 numbers at a time and one by one, and the small scalar
+/* Functions of complex numbers: on two binary32 numbers at a time and one by one, and the small scalar
  * routines that go with them. */
 #ifndef ZELK_COMPLEX_H
 #define ZELK_COMPLEX_H
