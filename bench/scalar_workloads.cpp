@@ -30,6 +30,29 @@ void binary_loop(const void* function, const Arrays& arrays)
             call(static_cast<const T*>(arrays.x)[i], static_cast<const T*>(arrays.y)[i]);
 }
 
+// Both results through pointers.
+void sine_cosine_loop(const void* function, const Arrays& arrays)
+{
+    using T = long double;
+    const auto call = reinterpret_cast<void (*)(T, T*, T*)>(reinterpret_cast<std::uintptr_t>(function));
+    for (std::size_t i = 0; i < arrays.count<T>(); ++i)
+        call(static_cast<const T*>(arrays.x)[i], static_cast<T*>(arrays.first) + i,
+             static_cast<T*>(arrays.second) + i);
+}
+void sinh_cosh_loop(const void* function, const Arrays& arrays)
+{
+    using T = long double;
+    const auto call = reinterpret_cast<void (*)(T*, T*, T)>(reinterpret_cast<std::uintptr_t>(function));
+    for (std::size_t i = 0; i < arrays.count<T>(); ++i)
+        call(static_cast<T*>(arrays.first) + i, static_cast<T*>(arrays.second) + i,
+             static_cast<const T*>(arrays.x)[i]);
+}
+void sinh_and_cosh(long double* sine, long double* cosine, long double x)
+{
+    *sine = std::sinh(x);
+    *cosine = std::cosh(x);
+}
+
 template <class Real, int low, int high>
 bool fill_reals(void* x, void* y, std::size_t bytes)
 {
@@ -75,6 +98,9 @@ const std::vector<ScalarWorkload>& scalar_workloads()
     static const std::vector<ScalarWorkload> workloads = {
         unary<double, -99, 99>("acos_scalar", std::acos),
         binary<double, -1000, 1000>("atan2_scalar", std::atan2),
+        unary<double, 1, 10000>("sqrt_scalar", std::sqrt),
+        unary<float, 1, 10000>("sqrtf_scalar", std::sqrt),
+        unary<Extended, 1, 10000>("sqrtl_scalar", std::sqrt),
         unary<double, 1, 10000>("log_scalar", std::log),
         unary<double, -50, 1000>("log1p_scalar", std::log1p),
         complex<ComplexFloat, float>("cexpf_scalar", cexpf),
@@ -90,6 +116,8 @@ const std::vector<ScalarWorkload>& scalar_workloads()
         unary<Extended, -50, 1000>("log1pl_scalar", std::log1p),
         unary<Extended, -1000, 1000>("sinhl_scalar", std::sinh),
         unary<Extended, -1000, 1000>("coshl_scalar", std::cosh),
+        {"sinhcoshl_scalar", reinterpret_cast<const void*>(sinh_and_cosh), sinh_cosh_loop,
+         fill_reals<Extended, -1000, 1000>, sizeof(Extended)},
         unary<Extended, -500, 500>("tanhl_scalar", std::tanh),
         unary<Extended, -1000, 1000>("asinhl_scalar", std::asinh),
         unary<Extended, 101, 10000>("acoshl_scalar", std::acosh),
@@ -98,6 +126,12 @@ const std::vector<ScalarWorkload>& scalar_workloads()
         unary<Extended, -1000, 1000>("sinl_scalar", std::sin),
         unary<Extended, -1000, 1000>("cosl_scalar", std::cos),
         unary<Extended, -1000, 1000>("tanl_scalar", std::tan),
+        {"sincosl_scalar", reinterpret_cast<const void*>(sincosl), sine_cosine_loop,
+         fill_reals<Extended, -1000, 1000>, sizeof(Extended)},
+        // Angles in degrees: no function of the C library.
+        unary<Extended, -60000, 60000>("sindl_scalar", nullptr),
+        unary<Extended, -60000, 60000>("cosdl_scalar", nullptr),
+        binary<Extended, -1000, 1000>("atan2dl_scalar", nullptr),
         unary<Extended, -1000, 1000>("atanl_scalar", std::atan),
         binary<Extended, -1000, 1000>("atan2l_scalar", std::atan2),
         unary<Extended, -99, 99>("acosl_scalar", std::acos),

@@ -10,7 +10,7 @@ namespace zelk::bench {
 
 struct ScalarWorkload {
     std::string routine; // "expl_scalar"
-    const void* libm;    // called as the routine is
+    const void* libm;    // called as the routine is; null: there is none
     Loop throughput;
     bool (*fill)(void* x, void* y, std::size_t bytes);
     std::size_t size; // of an element in bytes

@@ -158,7 +158,7 @@ void add_scalar(Plan& plan, const ScalarWorkload& workload, const Options& optio
                     .loops = {workload.throughput, nullptr},
                     .elements_per_byte = 1.0 / static_cast<double>(workload.size)});
     };
-    add_function(options.libm_only ? options.libm_only : "libm", workload.libm);
+    if (workload.libm) add_function(options.libm_only ? options.libm_only : "libm", workload.libm);
     if (!options.libm_only) add_function("dispatcher", routine);
 }
 
