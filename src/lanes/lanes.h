@@ -235,16 +235,6 @@ ZELK_INLINE double opaque(double x)
     return x;
 }
 
-// x in a register of its own, for an operation with a constant: the operation then overwrites the copy and
-// reads the constant from memory. Left alone, the compiler loads the constant into a register and keeps x,
-// which takes a load and a physical register more; these, not the operations, bound how many calls overlap.
-template <class Vector>
-[[gnu::always_inline]] static inline Vector copy(Vector x)
-{
-    asm volatile("" : "+x"(x));
-    return x;
-}
-
 // Last statement of a two-result kernel: `return both(first, second);` leaves first in XMM0, the platform's
 // return register, and second in XMM1. Nothing that the compiler still adds (restoring registers, the stack
 // pointer, the return) touches a vector register.
@@ -375,6 +365,15 @@ ZELK_INLINE float4 truncate_through_int(float4 x)
         const float4 odd = _mm_unpacklo_ps(lane(_mm_shuffle_ps(x, x, 1)), lane(_mm_shuffle_ps(x, x, 3)));
         return _mm_unpacklo_ps(even, odd);
     }
+}
+
+// The lanes of a mask, lane 0 first, through a scalar routine; the others as they are in the result.
+template <class Vector, class Scalar>
+ZELK_INLINE Vector replace_lanes(Vector result, Vector x, unsigned mask, Scalar (*routine)(Scalar))
+{
+    for (int lane = 0; mask != 0; ++lane, mask >>= 1)
+        if (mask & 1) result[lane] = routine(x[lane]);
+    return result;
 }
 
 } // namespace zelk::ZELK_TIER

@@ -14,12 +14,12 @@ struct ErfTable {
         double s;
     };
     Row rows[24];
-    long2 sign_mask;
-    long2 abs_mask;
-    int4 infinity;    // in the high words, as what follows
-    int4 index_mask;  // the exponent and two bits of the significand
-    int4 index_base;  // 7/64, a quarter of a binade below 1/8
-    int4 index_limit; // 23, the last row, from bit 18 on
+    Constant<long2> sign_mask;
+    Constant<long2> abs_mask;
+    Constant<int4> infinity;    // in the high words, as what follows
+    Constant<int4> index_mask;  // the exponent and two bits of the significand
+    Constant<int4> index_base;  // 7/64, a quarter of a binade below 1/8
+    Constant<int4> index_limit; // 23, the last row, from bit 18 on
 };
 ZELK_TABLE ErfTable erfTable;
 

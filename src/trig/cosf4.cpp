@@ -11,7 +11,7 @@ using tables::SinCosf4;
 
 ZELK_INLINE Reducedf4 reduce_in_binary32(float4 y, const SinCosf4& k)
 {
-    const int4 n = round_to_int((copy(y) + k.MMSPIo2) * k.MMSINVPI);
+    const int4 n = round_to_int((y + k.MMSPIo2) * k.MMSINVPI);
     return subtract_multiple_of_pi(y, to_float4(n) - k.MMS05, n, k);
 }
 
@@ -45,11 +45,7 @@ ZELK_INLINE Reducedf4 reduce_medium(float4 y, const SinCosf4& k)
     const int4 huge = as_int4(y) > k.flTwoPow30;
     if (lane_mask(huge) == 0) return sine_polynomial(select(beyond, reduce_medium(y, k), ordinary), k);
 
-    float4 result = sine_polynomial(ordinary, k);
-    unsigned special = lane_mask(beyond);
-    for (int lane = 0; special != 0; ++lane, special >>= 1)
-        if (special & 1) result[lane] = __static_scalar_cosf(x[lane]);
-    return result;
+    return replace_lanes(sine_polynomial(ordinary, k), x, lane_mask(beyond), __static_scalar_cosf);
 }
 
 float4 cosf4(float4 x)

@@ -17,7 +17,7 @@ struct Reducedf4 {
 
 ZELK_INLINE float4 magnitude(float4 x, const tables::SinCosf4& k)
 {
-    return as_float4(copy(as_int4(x)) & k.MMIABSMASK);
+    return as_float4(as_int4(x) & k.MMIABSMASK);
 }
 
 ZELK_INLINE int4 beyond_bound(float4 magnitude, const tables::SinCosf4& k)
@@ -29,7 +29,7 @@ ZELK_INLINE int4 beyond_bound(float4 magnitude, const tables::SinCosf4& k)
 // products are exact; the square leaves the last part out.
 ZELK_INLINE Reducedf4 subtract_multiple_of_pi(float4 y, float4 nf, int4 n, const tables::SinCosf4& k)
 {
-    const float4 r3 = ((y - copy(nf) * k.MMSPI1) - copy(nf) * k.MMSPI2) - copy(nf) * k.MMSPI3;
+    const float4 r3 = ((y - nf * k.MMSPI1) - nf * k.MMSPI2) - nf * k.MMSPI3;
     return {r3 - nf * k.MMSPI4, r3 * r3, n << 31};
 }
 
@@ -37,7 +37,7 @@ ZELK_INLINE Reducedf4 subtract_multiple_of_pi(float4 y, float4 nf, int4 n, const
 ZELK_INLINE float4 sine_polynomial(const Reducedf4& reduced, const tables::SinCosf4& k)
 {
     const float4 z = reduced.z;
-    const float4 p = (((copy(z) * k.MMSA9 + k.MMSA7) * z + k.MMSA5) * z + k.MMSA3) * z;
+    const float4 p = (((z * k.MMSA9 + k.MMSA7) * z + k.MMSA5) * z + k.MMSA3) * z;
     return as_float4(as_int4(p * reduced.r + reduced.r) ^ reduced.sign);
 }
 

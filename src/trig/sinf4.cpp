@@ -11,7 +11,7 @@ using tables::SinCosf4;
 
 ZELK_INLINE Reducedf4 reduce_in_binary32(float4 x, const SinCosf4& k)
 {
-    const int4 n = round_to_int(copy(x) * k.MMSINVPI);
+    const int4 n = round_to_int(x * k.MMSINVPI);
     return subtract_multiple_of_pi(x, to_float4(n), n, k);
 }
 
@@ -45,11 +45,7 @@ ZELK_INLINE Reducedf4 reduce_medium(float4 x, const SinCosf4& k)
     const int4 huge = as_int4(magnitude(x, k)) > k.flTwoPow30;
     if (lane_mask(huge) == 0) return sine_polynomial(select(beyond, reduce_medium(x, k), ordinary), k);
 
-    float4 result = sine_polynomial(ordinary, k);
-    unsigned special = lane_mask(beyond);
-    for (int lane = 0; special != 0; ++lane, special >>= 1)
-        if (special & 1) result[lane] = __static_scalar_sinf(x[lane]);
-    return result;
+    return replace_lanes(sine_polynomial(ordinary, k), x, lane_mask(beyond), __static_scalar_sinf);
 }
 
 float4 sinf4(float4 x)
