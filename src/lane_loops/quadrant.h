@@ -40,30 +40,30 @@ ZELK_INLINE Quadrant quadrant_of(long double x)
 // The Taylor series; the next terms are below 2^-71.
 ZELK_INLINE long double sine_of(long double r)
 {
-    constexpr long double c[] = {-1.0L / 6,
-                                 1.0L / 120,
-                                 -1.0L / 5040,
-                                 1.0L / 362880,
-                                 -1.0L / 39916800,
-                                 1.0L / 6227020800,
-                                 -1.0L / 1307674368000,
-                                 1.0L / 355687428096000,
-                                 -1.0L / 121645100408832000};
+    static constexpr tables::Wide c[] = {-1.0L / 6,
+                                         1.0L / 120,
+                                         -1.0L / 5040,
+                                         1.0L / 362880,
+                                         -1.0L / 39916800,
+                                         1.0L / 6227020800,
+                                         -1.0L / 1307674368000,
+                                         1.0L / 355687428096000,
+                                         -1.0L / 121645100408832000};
     const long double z = r * r;
     return r + r * z * polynomial(c, z);
 }
 ZELK_INLINE long double cosine_of(long double r)
 {
-    constexpr long double c[] = {-0.5L,
-                                 1.0L / 24,
-                                 -1.0L / 720,
-                                 1.0L / 40320,
-                                 -1.0L / 3628800,
-                                 1.0L / 479001600,
-                                 -1.0L / 87178291200,
-                                 1.0L / 20922789888000,
-                                 -1.0L / 6402373705728000,
-                                 1.0L / 2432902008176640000};
+    static constexpr tables::Wide c[] = {-0.5L,
+                                         1.0L / 24,
+                                         -1.0L / 720,
+                                         1.0L / 40320,
+                                         -1.0L / 3628800,
+                                         1.0L / 479001600,
+                                         -1.0L / 87178291200,
+                                         1.0L / 20922789888000,
+                                         -1.0L / 6402373705728000,
+                                         1.0L / 2432902008176640000};
     const long double z = r * r;
     return 1.0L + z * polynomial(c, z);
 }
