@@ -1,0 +1,40 @@
+// What a survey found, kept in files and shown as tables.
+#pragma once
+
+#include <filesystem>
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+#include "survey.h"
+
+namespace zelk::accuracy {
+
+// The rows of one kernel in the published table; the first is the one of all paths together.
+using Rows = std::vector<std::vector<std::string>>;
+const std::vector<std::string>& headings();
+Rows rows_of(const Entry& entry, const Kernel& kernel, const Survey& survey);
+
+// Kept per kernel together with what was asked for, so that a survey that was interrupted goes on where it
+// stopped. Reading gives nothing unless the file is complete and answers the same question.
+class Store {
+public:
+    Store(std::filesystem::path directory, std::string question)
+        : directory_(std::move(directory)), question_(std::move(question))
+    {
+    }
+    Rows read(const Entry& entry, const Kernel& kernel) const;
+    void write(const Entry& entry, const Kernel& kernel, const Survey& survey) const;
+
+private:
+    std::filesystem::path file(const Entry& entry, const Kernel& kernel, const char* extension) const;
+    std::filesystem::path directory_;
+    std::string question_;
+};
+
+void write_csv(std::ostream& out, const Rows& rows);
+Rows read_csv(std::istream& in);
+// One table of the families' entries, and one of their paths.
+void write_markdown(std::ostream& out, const Rows& rows);
+
+} // namespace zelk::accuracy

@@ -1,0 +1,190 @@
+// zelk-accuracy: measures the errors of the library's functions against exact results.
+#include "report.h"
+
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <iostream>
+#include <stdexcept>
+#include <thread>
+
+namespace zelk::accuracy {
+
+namespace {
+
+constexpr const char* help = R"(usage: zelk-accuracy [OPTION]...
+
+Measures the errors of every vector function, or of those named, against MPFR, and prints the largest.
+
+  --entry NAME      only this entry (sinf4); may be given several times
+  --tier T          only kernels of this tier
+  --samples N       random arguments of each entry (100000)
+  --radius N        neighbours on each side of every threshold (256)
+  --threads N       threads (one for each processor)
+  --state DIR       keep what is done there and skip what is found complete (accuracy-state)
+  --csv FILE        write the table of all kernels and paths
+  --markdown FILE   write it as Markdown
+  --check FILE      fail where an error is above that of this table
+  --help
+)";
+
+struct Error : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+struct Options {
+    std::vector<std::string> entries;
+    char tier = 0;
+    Amount amount;
+    unsigned threads = std::max(1u, std::thread::hardware_concurrency());
+    std::string state = "accuracy-state";
+    std::string csv;
+    std::string markdown;
+    std::string check;
+    bool help = false;
+};
+
+template <class T>
+void read_number(const std::string& text, T& value)
+{
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size() || value < T{1})
+        throw Error("'" + text + "' is not a positive number");
+}
+
+Options read_options(int argc, char** argv)
+{
+    Options options;
+    for (int i = 1; i < argc; ++i) {
+        const std::string name = argv[i];
+        if (name == "--help") {
+            options.help = true;
+            continue;
+        }
+        const auto is_any_of = [&](auto... names) { return ((name == names) || ...); };
+        if (!is_any_of("--entry", "--tier", "--samples", "--radius", "--threads", "--state", "--csv",
+                       "--markdown", "--check"))
+            throw Error("no option " + name + "; see --help");
+        if (++i == argc) throw Error(name + " needs a value");
+        const std::string value = argv[i];
+        if (name == "--entry") {
+            if (!find_function(value)) throw Error("no entry " + value);
+            options.entries.push_back(value);
+        }
+        if (name == "--tier")
+            options.tier = value.size() == 1 ? value[0] : throw Error("a tier is one letter");
+        if (name == "--samples") read_number(value, options.amount.samples);
+        if (name == "--radius") read_number(value, options.amount.radius);
+        if (name == "--threads") read_number(value, options.threads);
+        if (name == "--state") options.state = value;
+        if (name == "--csv") options.csv = value;
+        if (name == "--markdown") options.markdown = value;
+        if (name == "--check") options.check = value;
+    }
+    return options;
+}
+
+void show_progress(const Entry& entry, double share)
+{
+    static auto last = std::chrono::steady_clock::time_point{};
+    const auto now = std::chrono::steady_clock::now();
+    if (share < 1 && now - last < std::chrono::milliseconds(500)) return;
+    last = now;
+    std::fprintf(stderr, "\r%-14s %5.1f %%%s", entry.name.c_str(), 100 * share, share < 1 ? "" : "\n");
+}
+
+Rows survey(const Options& options)
+{
+    const std::string question = "samples " + std::to_string(options.amount.samples) + ", radius " +
+                                 std::to_string(options.amount.radius);
+    const Store store(options.state, question);
+    Rows rows;
+    for (const Entry& entry : entries()) {
+        const Function* const function = find_function(entry.name);
+        if (!function) throw Error(entry.name + " has no row in the list of exact functions");
+        if (!options.entries.empty() &&
+            std::ranges::find(options.entries, entry.name) == options.entries.end())
+            continue;
+        std::vector<Kernel> missing;
+        for (const Kernel& kernel : entry.kernels)
+            if ((!options.tier || kernel.tier == options.tier) && store.read(entry, kernel).empty())
+                missing.push_back(kernel);
+        if (!missing.empty()) {
+            const auto surveys =
+                measure(entry, *function, missing, survey_arguments(entry, *function, options.amount),
+                        options.threads, show_progress);
+            for (std::size_t i = 0; i < missing.size(); ++i)
+                store.write(entry, missing[i], surveys[i]);
+        }
+        for (const Kernel& kernel : entry.kernels)
+            if (!options.tier || kernel.tier == options.tier) {
+                const Rows kept = store.read(entry, kernel);
+                rows.insert(rows.end(), kept.begin(), kept.end());
+            }
+    }
+    return rows;
+}
+
+template <class Write>
+void write_file(const std::string& name, const Rows& rows, Write write)
+{
+    if (name.empty()) return;
+    std::ofstream out(name);
+    write(out, rows);
+    if (!out.flush()) throw Error("cannot write " + name);
+}
+
+// A smaller survey's arguments are among those of the published one, so that its errors cannot be larger
+// unless something has changed; neighbours differ at the ends of its parts, for which a hundredth is allowed.
+void check(const std::string& name, const Rows& rows)
+{
+    std::ifstream in(name);
+    const Rows published = read_csv(in);
+    if (published.empty()) throw Error(name + " is not a table of this kind");
+    std::string failures;
+    for (const auto& row : rows) {
+        const auto same = std::ranges::find_if(published, [&](const auto& other) {
+            return other[0] == row[0] && other[1] == row[1] && other[6] == row[6];
+        });
+        const std::string what = row[0] + '.' + row[1] + ", " + row[6] + ": ";
+        if (same == published.end())
+            failures += what + "not published\n";
+        else if (std::stod(row[3]) > std::stod((*same)[3]) * 1.01 + 0.001)
+            failures += what + row[3] + " ulp at " + row[4] + ", published " + (*same)[3] + '\n';
+        else if (row[10] != "0" && (*same)[10] == "0")
+            failures += what + "a NaN, an infinity or a sign at " + row[11] + '\n';
+    }
+    if (!failures.empty()) throw Error("errors that are not published\n" + failures);
+}
+
+void run(const Options& options)
+{
+    const Rows rows = survey(options);
+    write_file(options.csv, rows, write_csv);
+    write_file(options.markdown, rows, write_markdown);
+    if (options.csv.empty() && options.markdown.empty() && options.check.empty()) write_csv(std::cout, rows);
+    if (!options.check.empty()) check(options.check, rows);
+}
+
+} // namespace
+
+} // namespace zelk::accuracy
+
+int main(int argc, char** argv)
+{
+    using namespace zelk::accuracy;
+    try {
+        const Options options = read_options(argc, argv);
+        if (options.help)
+            std::fputs(help, stdout);
+        else
+            run(options);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "zelk-accuracy: %s\n", error.what());
+        return 2;
+    }
+    return 0;
+}
