@@ -1,4 +1,5 @@
 // zelk-accuracy: measures the errors of the library's functions against exact results.
+#include "exhaustive.h"
 #include "report.h"
 
 #include <algorithm>
@@ -23,6 +24,7 @@ Measures the errors of every vector function, or of those named, against MPFR, a
   --tier T          only kernels of this tier
   --samples N       random arguments of each entry (100000)
   --radius N        neighbours on each side of every threshold (256)
+  --exhaustive      round to nearest over every argument, where an argument is one binary32 number
   --threads N       threads (one for each processor)
   --state DIR       keep what is done there and skip what is found complete (accuracy-state)
   --csv FILE        write the table of all kernels and paths
@@ -44,6 +46,7 @@ struct Options {
     std::string csv;
     std::string markdown;
     std::string check;
+    bool exhaustive = false;
     bool help = false;
 };
 
@@ -62,6 +65,10 @@ Options read_options(int argc, char** argv)
         const std::string name = argv[i];
         if (name == "--help") {
             options.help = true;
+            continue;
+        }
+        if (name == "--exhaustive") {
+            options.exhaustive = true;
             continue;
         }
         const auto is_any_of = [&](auto... names) { return ((name == names) || ...); };
@@ -99,7 +106,8 @@ void show_progress(const Entry& entry, double share)
 Rows survey(const Options& options)
 {
     const std::string question = "samples " + std::to_string(options.amount.samples) + ", radius " +
-                                 std::to_string(options.amount.radius);
+                                 std::to_string(options.amount.radius) +
+                                 (options.exhaustive ? ", exhaustive" : "");
     const Store store(options.state, question);
     Rows rows;
     for (const Entry& entry : entries()) {
@@ -113,9 +121,11 @@ Rows survey(const Options& options)
             if ((!options.tier || kernel.tier == options.tier) && store.read(entry, kernel).empty())
                 missing.push_back(kernel);
         if (!missing.empty()) {
-            const auto surveys =
+            auto surveys =
                 measure(entry, *function, missing, survey_arguments(entry, *function, options.amount),
                         options.threads, show_progress);
+            if (options.exhaustive && can_be_exhausted(entry))
+                measure_exhaustively(entry, *function, missing, options.threads, show_progress, surveys);
             for (std::size_t i = 0; i < missing.size(); ++i)
                 store.write(entry, missing[i], surveys[i]);
         }

@@ -107,7 +107,7 @@ Rows rows_of(const Entry& entry, const Kernel& kernel, const Survey& survey)
     for (std::size_t i = 0; i < survey.paths.size(); ++i) {
         const Tally& tally = survey.tallies[i];
         if (tally.arguments == 0) continue;
-        const bool has_modes = !function.follows_rounding && !survey.is_exhaustive;
+        const bool has_modes = !function.follows_rounding;
         const auto mode = [&](std::size_t m) { return has_modes ? ulp_text(tally.max_ulp[m]) : "-"; };
         const double share =
             static_cast<double>(tally.rounded_correctly) / static_cast<double>(tally.arguments);
@@ -117,8 +117,7 @@ Rows rows_of(const Entry& entry, const Kernel& kernel, const Survey& survey)
              number("%.6f", std::floor(share * 1e6) / 1e6), survey.paths[i], mode(1), mode(2), mode(3),
              std::to_string(tally.wrong), tally.wrong == 0 ? "-" : argument_text(entry, tally.first_wrong),
              has_modes ? std::to_string(tally.directed_wrong) : "-",
-             survey.is_exhaustive ? "-" : std::to_string(tally.changed_beside_others),
-             survey.is_exhaustive ? "-" : ulp_text(tally.max_ulp_beside_others),
+             std::to_string(tally.changed_beside_others), ulp_text(tally.max_ulp_beside_others),
              survey.is_exhaustive ? "exhaustive" : "sample"});
     }
     return rows;
