@@ -103,38 +103,47 @@ void show_progress(const Entry& entry, double share)
     std::fprintf(stderr, "\r%-14s %5.1f %%%s", entry.name.c_str(), 100 * share, share < 1 ? "" : "\n");
 }
 
+std::string question(const Options& options, const Entry& entry, const Kernel& kernel,
+                     const std::vector<Argument>& arguments)
+{
+    return "samples " + std::to_string(options.amount.samples) + ", radius " +
+           std::to_string(options.amount.radius) +
+           (options.exhaustive && can_be_exhausted(entry) ? ", exhaustive" : "") + ", results " +
+           std::to_string(hash_of_results(entry, kernel, arguments));
+}
+
+void survey_entry(const Options& options, const Entry& entry, Rows& rows)
+{
+    const Function* const function = find_function(entry.name);
+    if (!function) throw Error(entry.name + " has no row in the list of exact functions");
+    const Store store(options.state);
+    const auto arguments = survey_arguments(entry, *function, options.amount);
+    std::vector<Kernel> missing;
+    for (const Kernel& kernel : entry.kernels)
+        if ((!options.tier || kernel.tier == options.tier) &&
+            store.read(entry, kernel, question(options, entry, kernel, arguments)).empty())
+            missing.push_back(kernel);
+    if (!missing.empty()) {
+        auto surveys = measure(entry, *function, missing, arguments, options.threads, show_progress);
+        if (options.exhaustive && can_be_exhausted(entry))
+            measure_exhaustively(entry, *function, missing, options.threads, show_progress, surveys);
+        for (std::size_t i = 0; i < missing.size(); ++i)
+            store.write(entry, missing[i], question(options, entry, missing[i], arguments), surveys[i]);
+    }
+    for (const Kernel& kernel : entry.kernels)
+        if (!options.tier || kernel.tier == options.tier) {
+            const Rows kept = store.read(entry, kernel, question(options, entry, kernel, arguments));
+            rows.insert(rows.end(), kept.begin(), kept.end());
+        }
+}
+
 Rows survey(const Options& options)
 {
-    const std::string question = "samples " + std::to_string(options.amount.samples) + ", radius " +
-                                 std::to_string(options.amount.radius) +
-                                 (options.exhaustive ? ", exhaustive" : "");
-    const Store store(options.state, question);
     Rows rows;
-    for (const Entry& entry : entries()) {
-        const Function* const function = find_function(entry.name);
-        if (!function) throw Error(entry.name + " has no row in the list of exact functions");
-        if (!options.entries.empty() &&
-            std::ranges::find(options.entries, entry.name) == options.entries.end())
-            continue;
-        std::vector<Kernel> missing;
-        for (const Kernel& kernel : entry.kernels)
-            if ((!options.tier || kernel.tier == options.tier) && store.read(entry, kernel).empty())
-                missing.push_back(kernel);
-        if (!missing.empty()) {
-            auto surveys =
-                measure(entry, *function, missing, survey_arguments(entry, *function, options.amount),
-                        options.threads, show_progress);
-            if (options.exhaustive && can_be_exhausted(entry))
-                measure_exhaustively(entry, *function, missing, options.threads, show_progress, surveys);
-            for (std::size_t i = 0; i < missing.size(); ++i)
-                store.write(entry, missing[i], surveys[i]);
-        }
-        for (const Kernel& kernel : entry.kernels)
-            if (!options.tier || kernel.tier == options.tier) {
-                const Rows kept = store.read(entry, kernel);
-                rows.insert(rows.end(), kept.begin(), kept.end());
-            }
-    }
+    for (const Entry& entry : entries())
+        if (options.entries.empty() ||
+            std::ranges::find(options.entries, entry.name) != options.entries.end())
+            survey_entry(options, entry, rows);
     return rows;
 }
 

@@ -128,15 +128,16 @@ std::filesystem::path Store::file(const Entry& entry, const Kernel& kernel, cons
     return directory_ / (entry.name + '.' + kernel.tier + extension);
 }
 
-Rows Store::read(const Entry& entry, const Kernel& kernel) const
+Rows Store::read(const Entry& entry, const Kernel& kernel, const std::string& question) const
 {
     std::ifstream in(file(entry, kernel, ".csv"));
-    std::string question;
-    if (!std::getline(in, question) || question != question_) return {};
+    std::string kept;
+    if (!std::getline(in, kept) || kept != question) return {};
     return read_csv(in);
 }
 
-void Store::write(const Entry& entry, const Kernel& kernel, const Survey& survey) const
+void Store::write(const Entry& entry, const Kernel& kernel, const std::string& question,
+                  const Survey& survey) const
 {
     std::filesystem::create_directories(directory_);
     {
@@ -151,7 +152,7 @@ void Store::write(const Entry& entry, const Kernel& kernel, const Survey& survey
     const auto unfinished = file(entry, kernel, ".unfinished");
     {
         std::ofstream out(unfinished);
-        out << question_ << '\n';
+        out << question << '\n';
         write_csv(out, rows_of(entry, kernel, survey));
     }
     std::filesystem::rename(unfinished, file(entry, kernel, ".csv"));
@@ -204,9 +205,8 @@ void write_markdown(std::ostream& out, const Rows& rows)
                        row[column_worst],
                        number("%.2f %%", std::floor(std::stod(row[column_share]) * 1e4) / 100),
                        row[column_down], row[column_up], row[column_zero],
-                       row[column_changed] == "0"   ? "same bits"
-                       : row[column_changed] == "-" ? "-"
-                                                    : "may differ, " + row[column_max_beside] + " ulp"});
+                       row[column_changed] == "0" ? "same bits"
+                                                  : "may differ, " + row[column_max_beside] + " ulp"});
         }
         out << "\nBy path, round to nearest:\n\n| entry | tier | path | max ulp | at "
                "|\n|---|---|---|---|---|\n";

@@ -15,21 +15,19 @@ using Rows = std::vector<std::vector<std::string>>;
 const std::vector<std::string>& headings();
 Rows rows_of(const Entry& entry, const Kernel& kernel, const Survey& survey);
 
-// Kept per kernel together with what was asked for, so that a survey that was interrupted goes on where it
-// stopped. Reading gives nothing unless the file is complete and answers the same question.
+// Kept per kernel together with the question, which is what was asked for and what tells one kernel from
+// another, so that a survey that was interrupted goes on where it stopped. Reading gives nothing unless the
+// file is complete and answers the same question.
 class Store {
 public:
-    Store(std::filesystem::path directory, std::string question)
-        : directory_(std::move(directory)), question_(std::move(question))
-    {
-    }
-    Rows read(const Entry& entry, const Kernel& kernel) const;
-    void write(const Entry& entry, const Kernel& kernel, const Survey& survey) const;
+    explicit Store(std::filesystem::path directory) : directory_(std::move(directory)) {}
+    Rows read(const Entry& entry, const Kernel& kernel, const std::string& question) const;
+    void write(const Entry& entry, const Kernel& kernel, const std::string& question,
+               const Survey& survey) const;
 
 private:
     std::filesystem::path file(const Entry& entry, const Kernel& kernel, const char* extension) const;
     std::filesystem::path directory_;
-    std::string question_;
 };
 
 void write_csv(std::ostream& out, const Rows& rows);

@@ -266,6 +266,27 @@ void Tally::include(const Tally& other)
     changed_beside_others += other.changed_beside_others;
 }
 
+std::uint64_t hash_of_results(const Entry& entry, const Kernel& kernel,
+                              const std::vector<Argument>& arguments)
+{
+    const Layout layout(entry);
+    const std::size_t stride = arguments.size() / 4096 + 1;
+    std::uint64_t hash = 0;
+    alignas(16) Vec128 stored;
+    for (std::size_t i = 0; i < arguments.size(); i += stride)
+        for (const Rounding rounding : all_roundings) {
+            Vec128 a;
+            Vec128 b;
+            for (std::size_t place = 0; place < layout.arguments_per_vector(); ++place)
+                layout.set(a, b, place, arguments[i]);
+            const Result result = call(kernel.address, a, b, {}, &stored, rounding);
+            for (const std::uint64_t bits :
+                 {result.first.q[0], entry.results == Results::one ? 0 : result.second.q[0]})
+                hash = (hash ^ bits) * 0x9E3779B97F4A7C15 ^ hash >> 29;
+        }
+    return hash;
+}
+
 std::vector<Survey> measure(const Entry& entry, const Function& function, const std::vector<Kernel>& kernels,
                             const std::vector<Argument>& arguments, unsigned threads,
                             void (*report)(const Entry&, double share))

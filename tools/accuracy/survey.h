@@ -38,6 +38,10 @@ struct Survey {
     bool is_exhaustive = false;
 };
 
+// A hash of a kernel's results at a few thousand of the arguments: another hash, another kernel.
+std::uint64_t hash_of_results(const Entry& entry, const Kernel& kernel,
+                              const std::vector<Argument>& arguments);
+
 // One for each kernel. `report` is told the share that is done.
 std::vector<Survey> measure(const Entry& entry, const Function& function, const std::vector<Kernel>& kernels,
                             const std::vector<Argument>& arguments, unsigned threads,
