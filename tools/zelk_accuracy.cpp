@@ -3,6 +3,7 @@
 #include "report.h"
 
 #include <algorithm>
+#include <cctype>
 #include <charconv>
 #include <chrono>
 #include <cstdio>
@@ -24,12 +25,14 @@ Measures the errors of every vector function, or of those named, against MPFR, a
   --tier T          only kernels of this tier
   --samples N       random arguments of each entry (100000)
   --radius N        neighbours on each side of every threshold (256)
+  --refine N        times that the surroundings of the worst arguments are searched (3); 0 searches none
   --exhaustive      round to nearest over every argument, where an argument is one binary32 number
   --threads N       threads (one for each processor)
   --state DIR       keep what is done there and skip what is found complete (accuracy-state)
   --csv FILE        write the table of all kernels and paths
   --markdown FILE   write it as Markdown
   --check FILE      fail where an error is above that of this table
+  --families        print the families: file name, title and entries, with tabs between
   --help
 )";
 
@@ -47,6 +50,7 @@ struct Options {
     std::string markdown;
     std::string check;
     bool exhaustive = false;
+    bool families = false;
     bool help = false;
 };
 
@@ -54,8 +58,8 @@ template <class T>
 void read_number(const std::string& text, T& value)
 {
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size() || value < T{1})
-        throw Error("'" + text + "' is not a positive number");
+    if (error != std::errc() || end != text.data() + text.size() || value < T{0})
+        throw Error("'" + text + "' is not a number that fits");
 }
 
 Options read_options(int argc, char** argv)
@@ -67,13 +71,13 @@ Options read_options(int argc, char** argv)
             options.help = true;
             continue;
         }
-        if (name == "--exhaustive") {
-            options.exhaustive = true;
+        if (name == "--exhaustive" || name == "--families") {
+            (name == "--exhaustive" ? options.exhaustive : options.families) = true;
             continue;
         }
         const auto is_any_of = [&](auto... names) { return ((name == names) || ...); };
-        if (!is_any_of("--entry", "--tier", "--samples", "--radius", "--threads", "--state", "--csv",
-                       "--markdown", "--check"))
+        if (!is_any_of("--entry", "--tier", "--samples", "--radius", "--refine", "--threads", "--state",
+                       "--csv", "--markdown", "--check"))
             throw Error("no option " + name + "; see --help");
         if (++i == argc) throw Error(name + " needs a value");
         const std::string value = argv[i];
@@ -85,7 +89,11 @@ Options read_options(int argc, char** argv)
             options.tier = value.size() == 1 ? value[0] : throw Error("a tier is one letter");
         if (name == "--samples") read_number(value, options.amount.samples);
         if (name == "--radius") read_number(value, options.amount.radius);
-        if (name == "--threads") read_number(value, options.threads);
+        if (name == "--refine") read_number(value, options.amount.refinements);
+        if (name == "--threads") {
+            read_number(value, options.threads);
+            options.threads = std::max(1u, options.threads);
+        }
         if (name == "--state") options.state = value;
         if (name == "--csv") options.csv = value;
         if (name == "--markdown") options.markdown = value;
@@ -103,13 +111,20 @@ void show_progress(const Entry& entry, double share)
     std::fprintf(stderr, "\r%-14s %5.1f %%%s", entry.name.c_str(), 100 * share, share < 1 ? "" : "\n");
 }
 
+bool is_exhaustive(const Options& options, const Entry& entry)
+{
+    return options.exhaustive && can_be_exhausted(entry);
+}
+
 std::string question(const Options& options, const Entry& entry, const Kernel& kernel,
                      const std::vector<Argument>& arguments)
 {
     return "samples " + std::to_string(options.amount.samples) + ", radius " +
            std::to_string(options.amount.radius) +
-           (options.exhaustive && can_be_exhausted(entry) ? ", exhaustive" : "") + ", results " +
-           std::to_string(hash_of_results(entry, kernel, arguments));
+           (is_exhaustive(options, entry)
+                ? ", exhaustive"
+                : ", refined " + std::to_string(options.amount.refinements) + " times") +
+           ", results " + std::to_string(hash_of_results(entry, kernel, arguments));
 }
 
 void survey_entry(const Options& options, const Entry& entry, Rows& rows)
@@ -124,8 +139,10 @@ void survey_entry(const Options& options, const Entry& entry, Rows& rows)
             store.read(entry, kernel, question(options, entry, kernel, arguments)).empty())
             missing.push_back(kernel);
     if (!missing.empty()) {
-        auto surveys = measure(entry, *function, missing, arguments, options.threads, show_progress);
-        if (options.exhaustive && can_be_exhausted(entry))
+        const int refinements = is_exhaustive(options, entry) ? 0 : options.amount.refinements;
+        auto surveys =
+            measure(entry, *function, missing, arguments, refinements, options.threads, show_progress);
+        if (is_exhaustive(options, entry))
             measure_exhaustively(entry, *function, missing, options.threads, show_progress, surveys);
         for (std::size_t i = 0; i < missing.size(); ++i)
             store.write(entry, missing[i], question(options, entry, missing[i], arguments), surveys[i]);
@@ -179,6 +196,33 @@ void check(const std::string& name, const Rows& rows)
     if (!failures.empty()) throw Error("errors that are not published\n" + failures);
 }
 
+const Entry* find_entry(std::string_view name)
+{
+    const auto found = std::ranges::find(entries(), name, &Entry::name);
+    return found == entries().end() ? nullptr : &*found;
+}
+
+// Those with an axis of arguments.
+void print_families()
+{
+    const char* family = "";
+    for (const Function& function : functions()) {
+        const bool is_single_argument = function.pairs == Pairs::none;
+        const Entry* const entry = find_entry(function.entry);
+        const bool has_errors = std::string_view(function.family) != "rounding";
+        if (!is_single_argument || !has_errors || !entry || entry->lanes == Lanes::c2) continue;
+        if (std::string(family) != function.family) {
+            std::string file = function.family;
+            std::ranges::replace(file, ' ', '_');
+            std::printf("%s%s\t%c%s\t", *family ? "\n" : "", file.c_str(), std::toupper(function.family[0]),
+                        function.family + 1);
+        }
+        family = function.family;
+        std::printf("%s ", function.entry);
+    }
+    std::puts("");
+}
+
 void run(const Options& options)
 {
     const Rows rows = survey(options);
@@ -199,6 +243,8 @@ int main(int argc, char** argv)
         const Options options = read_options(argc, argv);
         if (options.help)
             std::fputs(help, stdout);
+        else if (options.families)
+            print_families();
         else
             run(options);
     } catch (const std::exception& error) {

@@ -45,6 +45,17 @@ public:
         for (std::int64_t bits = std::max<std::int64_t>(middle - radius, 0); bits <= middle + radius; ++bits)
             visit(at_pattern(bits));
     }
+    // Another number of the same sign, from next to it to one of another binade.
+    double near(Random& random, double x) const
+    {
+        if (x == 0) return x;
+        const int shift = static_cast<int>(random.next() % static_cast<unsigned>(format_.digits + 1));
+        const auto offset =
+            static_cast<std::int64_t>(random.next() >> (63 - shift)) - (std::int64_t{1} << shift);
+        const std::int64_t bits =
+            std::clamp<std::int64_t>(pattern(std::fabs(x)) + offset, 1, pattern(largest()));
+        return std::copysign(at_pattern(bits), x);
+    }
     double round(double x) const
     {
         return format_.digits == 24 ? static_cast<double>(static_cast<float>(x)) : x;
@@ -262,6 +273,22 @@ private:
 std::vector<Argument> survey_arguments(const Entry& entry, const Function& function, const Amount& amount)
 {
     return Collection(entry, function, amount).list;
+}
+
+std::vector<Argument> surroundings(const Entry& entry, const std::vector<Argument>& arguments,
+                                   std::uint64_t seed)
+{
+    constexpr int each = 256;
+    const Numbers numbers(format_of(entry.lanes));
+    Random random(seed);
+    std::vector<Argument> list;
+    for (const Argument& argument : arguments)
+        for (int i = 0; i < each; ++i) {
+            const std::uint64_t which = random.next() % 4; // both, or one of a pair
+            list.push_back({which == 0 ? argument.x : numbers.near(random, argument.x),
+                            which == 1 ? argument.y : numbers.near(random, argument.y)});
+        }
+    return list;
 }
 
 } // namespace zelk::accuracy

@@ -165,10 +165,7 @@ private:
         tally.rounded_correctly +=
             reference.is_rounded_correctly(static_cast<double>(got)) && !judgement.is_wrong;
         if (judgement.is_wrong && tally.wrong++ == 0) tally.first_wrong = {x, 0};
-        if (judgement.ulp > tally.max_ulp[0]) {
-            tally.max_ulp[0] = judgement.ulp;
-            tally.worst = {x, 0};
-        }
+        tally.note_error(judgement.ulp, {x, 0});
         return judgement.ulp;
     }
 
@@ -232,6 +229,7 @@ void measure_exhaustively(const Entry& entry, const Function& function, const st
             const Tally& complete = j == 0 ? all : tallies[i][j - 1];
             Tally& tally = surveys[i].tallies[j];
             tally.arguments = complete.arguments;
+            tally.sampled = complete.arguments;
             tally.rounded_correctly = complete.rounded_correctly;
             tally.max_ulp[0] = complete.max_ulp[0];
             tally.worst = complete.worst;

@@ -115,7 +115,9 @@ void RunOracle::compute(std::uint32_t first, std::size_t count)
 
 void RunOracle::compute_piece(std::uint32_t first, std::size_t count, Value* out)
 {
-    if (function_.is_circular && std::fabs(number_of(first)) >= 256) {
+    if (std::string_view(function_.family) == "rounding") {
+        if (follow_steps(first, count, out)) return;
+    } else if (function_.is_circular && std::fabs(number_of(first)) >= 256) {
         if (step_from_start(first, count, out)) return;
     } else if (interpolate(first, count, out)) {
         return;
@@ -126,6 +128,31 @@ void RunOracle::compute_piece(std::uint32_t first, std::size_t count, Value* out
         return;
     }
     std::fill(out, out + count, Value{0, undecided});
+}
+
+// From 2^23 on every number is an integer; below, a monotonic function with the same value at both ends has
+// it everywhere between.
+bool RunOracle::follow_steps(std::uint32_t first, std::size_t count, Value* out) const
+{
+    const double low = number_of(first);
+    if (low == 0) return false;
+    if (std::fabs(low) >= 0x1p23) {
+        for (std::size_t i = 0; i < count; ++i)
+            out[i] = {number_of(first + static_cast<std::uint32_t>(i)), 0};
+        return true;
+    }
+    thread_local Exact x(53);
+    thread_local Exact value(72);
+    double ends[2];
+    for (int end = 0; end < 2; ++end) {
+        mpfr_set_d(x.value, end == 0 ? low : number_of(first + static_cast<std::uint32_t>(count - 1)),
+                   MPFR_RNDN);
+        evaluate(value.value, x.value);
+        ends[end] = mpfr_get_d(value.value, MPFR_RNDN);
+    }
+    if (ends[0] != ends[1]) return false;
+    std::fill(out, out + count, Value{ends[0], 0});
+    return true;
 }
 
 bool RunOracle::interpolate(std::uint32_t first, std::size_t count, Value* out) const

@@ -17,7 +17,7 @@ namespace zelk::accuracy {
 // eight times their sum then bounds what was cut off, 2^-50 of all the rounding errors of the evaluation.
 // Each piece is checked against MPFR at both ends and at three places within: a value outside the bound ends
 // the program. Sine, cosine and tangent of large arguments come from those of a start and those of the steps
-// from it by the addition theorems, within 2^-50.
+// from it by the addition theorems, within 2^-50. The rounding functions have steps, found by bisection.
 //
 // A result is undecided where the bound is not small against its ulp: next to zeros, at poles and where no
 // piece is smooth. These are left to MPFR.
@@ -39,6 +39,7 @@ public:
 private:
     void compute_piece(std::uint32_t first, std::size_t count, Value* out);
     bool interpolate(std::uint32_t first, std::size_t count, Value* out) const;
+    bool follow_steps(std::uint32_t first, std::size_t count, Value* out) const;
     bool step_from_start(std::uint32_t first, std::size_t count, Value* out) const;
     void evaluate(mpfr_ptr result, mpfr_srcptr x) const;
 

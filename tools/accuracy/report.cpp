@@ -1,5 +1,6 @@
 #include "report.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <fstream>
@@ -109,8 +110,8 @@ Rows rows_of(const Entry& entry, const Kernel& kernel, const Survey& survey)
         if (tally.arguments == 0) continue;
         const bool has_modes = !function.follows_rounding;
         const auto mode = [&](std::size_t m) { return has_modes ? ulp_text(tally.max_ulp[m]) : "-"; };
-        const double share =
-            static_cast<double>(tally.rounded_correctly) / static_cast<double>(tally.arguments);
+        const double share = static_cast<double>(tally.rounded_correctly) /
+                             static_cast<double>(std::max<std::uint64_t>(tally.sampled, 1));
         rows.push_back(
             {entry.name, std::string(1, kernel.tier), std::to_string(tally.arguments),
              ulp_text(tally.max_ulp[0]), tally.max_ulp[0] == 0 ? "-" : argument_text(entry, tally.worst),

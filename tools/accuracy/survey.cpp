@@ -175,10 +175,7 @@ private:
         ++tally.arguments;
         tally.rounded_correctly += reference.is_rounded_correctly(got) && !judgement.is_wrong;
         if (judgement.is_wrong && tally.wrong++ == 0) tally.first_wrong = argument;
-        if (judgement.ulp > tally.max_ulp[0]) {
-            tally.max_ulp[0] = judgement.ulp;
-            tally.worst = argument;
-        }
+        tally.note_error(judgement.ulp, argument);
         if (argument.x == 0 || !reference.is_number()) return;
         int exponent = 0;
         const double fraction = std::frexp(std::fabs(argument.x), &exponent);
@@ -250,11 +247,55 @@ std::vector<std::string> names_of_paths(const Entry& entry, const Function& func
     return names;
 }
 
+void measure_all(const Entry& entry, const Function& function, const std::vector<Kernel>& kernels,
+                 const std::vector<Argument>& arguments, unsigned threads,
+                 void (*report)(const Entry&, double share), std::vector<Survey>& surveys)
+{
+    std::atomic<std::size_t> next_block = 0;
+    const std::size_t blocks = (arguments.size() + block_size - 1) / block_size;
+    std::mutex mutex;
+    const auto work = [&] {
+        // Block by block into a worker of its own, in an order that does not change the result.
+        Worker worker(entry, function, kernels);
+        for (std::size_t block; (block = next_block++) < blocks;) {
+            const std::size_t first = block * block_size;
+            worker.measure_block(&arguments[first], std::min(block_size, arguments.size() - first));
+            const std::lock_guard lock(mutex);
+            report(entry, static_cast<double>(block + 1) / static_cast<double>(blocks));
+        }
+        const std::lock_guard lock(mutex);
+        worker.add_to(surveys);
+        mpfr_free_cache();
+    };
+    std::vector<std::thread> pool;
+    for (unsigned i = 0; i < threads; ++i)
+        pool.emplace_back(work);
+    for (std::thread& thread : pool)
+        thread.join();
+}
+
 } // namespace
+
+void Tally::note_error(double ulp, const Argument& argument)
+{
+    constexpr std::size_t few = 32;
+    if (ulp > max_ulp[0]) {
+        max_ulp[0] = ulp;
+        worst = argument;
+    }
+    if (ulp == 0) return;
+    if (worst_few.size() < few) {
+        worst_few.emplace_back(ulp, argument);
+        return;
+    }
+    const auto least = std::ranges::min_element(worst_few, {}, &std::pair<double, Argument>::first);
+    if (ulp > least->first) *least = {ulp, argument};
+}
 
 void Tally::include(const Tally& other)
 {
-    if (other.max_ulp[0] > max_ulp[0] || arguments == 0) worst = other.worst;
+    for (const auto& [ulp, argument] : other.worst_few)
+        note_error(ulp, argument);
     if (wrong == 0) first_wrong = other.first_wrong;
     for (std::size_t mode = 0; mode < max_ulp.size(); ++mode)
         max_ulp[mode] = std::max(max_ulp[mode], other.max_ulp[mode]);
@@ -288,7 +329,7 @@ std::uint64_t hash_of_results(const Entry& entry, const Kernel& kernel,
 }
 
 std::vector<Survey> measure(const Entry& entry, const Function& function, const std::vector<Kernel>& kernels,
-                            const std::vector<Argument>& arguments, unsigned threads,
+                            const std::vector<Argument>& arguments, int refinements, unsigned threads,
                             void (*report)(const Entry&, double share))
 {
     Survey empty;
@@ -296,27 +337,23 @@ std::vector<Survey> measure(const Entry& entry, const Function& function, const 
     empty.tallies.resize(empty.paths.size());
     std::vector<Survey> surveys(kernels.size(), empty);
 
-    std::atomic<std::size_t> next_block = 0;
-    const std::size_t blocks = (arguments.size() + block_size - 1) / block_size;
-    std::mutex mutex;
-    const auto work = [&] {
-        // Block by block into a worker of its own, in an order that does not change the result.
-        Worker worker(entry, function, kernels);
-        for (std::size_t block; (block = next_block++) < blocks;) {
-            const std::size_t first = block * block_size;
-            worker.measure_block(&arguments[first], std::min(block_size, arguments.size() - first));
-            const std::lock_guard lock(mutex);
-            report(entry, static_cast<double>(block + 1) / static_cast<double>(blocks));
-        }
-        const std::lock_guard lock(mutex);
-        worker.add_to(surveys);
-        mpfr_free_cache();
-    };
-    std::vector<std::thread> pool;
-    for (unsigned i = 0; i < threads; ++i)
-        pool.emplace_back(work);
-    for (std::thread& thread : pool)
-        thread.join();
+    measure_all(entry, function, kernels, arguments, threads, report, surveys);
+    for (Survey& survey : surveys)
+        for (Tally& tally : survey.tallies)
+            tally.sampled = tally.arguments;
+    const std::vector<Survey> sampled = surveys;
+    for (int round = 0; round < refinements; ++round) {
+        std::vector<Argument> worst;
+        for (const Survey& survey : surveys)
+            for (std::size_t i = 1; i < survey.tallies.size(); ++i)
+                for (const auto& [ulp, argument] : survey.tallies[i].worst_few)
+                    if (std::ranges::find(worst, argument) == worst.end()) worst.push_back(argument);
+        measure_all(entry, function, kernels, surroundings(entry, worst, static_cast<std::uint64_t>(round)),
+                    threads, report, surveys);
+    }
+    for (std::size_t i = 0; i < surveys.size(); ++i)
+        for (std::size_t j = 0; j < surveys[i].tallies.size(); ++j)
+            surveys[i].tallies[j].rounded_correctly = sampled[i].tallies[j].rounded_correctly;
     return surveys;
 }
 
