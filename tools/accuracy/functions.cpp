@@ -80,7 +80,8 @@ void complex(mpfr_ptr first, mpfr_ptr second, mpfr_srcptr x, mpfr_srcptr y)
 }
 
 const Edge single_fast{10000, "10000"};
-const Edge double_fast{128000.0625, "128000"};
+const Edge double_fast{0x1.f4000ffffffffp16, "128000"}; // the last below 128000.0625
+const Edge double_fast_cosine{128000, "128000"};
 const Edge two_30{0x1p30, "2^30"};
 const Edge half{0.5, "1/2"};
 const Edge one{1, "1"};
@@ -92,9 +93,9 @@ std::vector<Function> make_functions()
         {"sinf4", "sine and cosine", unary<mpfr_sin>, {single_fast, two_30}},
         {"cosf4", "sine and cosine", unary<mpfr_cos>, {single_fast, two_30}},
         {"sin2", "sine and cosine", unary<mpfr_sin>, {double_fast, two_30}},
-        {"cos2", "sine and cosine", unary<mpfr_cos>, {double_fast, two_30}},
+        {"cos2", "sine and cosine", unary<mpfr_cos>, {double_fast_cosine, two_30}},
         {"tanf4", "tangent", unary<mpfr_tan>, {single_fast, two_30}},
-        {"tan2", "tangent", unary<mpfr_tan>, {{128000, "128000"}, two_30}},
+        {"tan2", "tangent", unary<mpfr_tan>, {double_fast_cosine, two_30}},
         {"sincosf4", "sine-cosine pairs", sine_and_cosine, {single_fast, two_30}},
         {"sincos2", "sine-cosine pairs", sine_and_cosine, {double_fast, two_30}},
         {"ropsSinCos4", "sine-cosine pairs", sine_and_cosine, {single_fast, two_30}},

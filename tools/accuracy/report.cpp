@@ -10,25 +10,6 @@ namespace zelk::accuracy {
 
 namespace {
 
-enum HeadingIndex {
-    column_entry,
-    column_tier,
-    column_arguments,
-    column_max_ulp,
-    column_worst,
-    column_share,
-    column_path,
-    column_down,
-    column_up,
-    column_zero,
-    column_wrong,
-    column_wrong_argument,
-    column_directed_wrong,
-    column_changed,
-    column_max_beside,
-    column_sampling,
-};
-
 std::string number(const char* format, double value)
 {
     char text[64];

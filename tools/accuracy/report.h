@@ -13,6 +13,24 @@ namespace zelk::accuracy {
 // The rows of one kernel in the published table; the first is the one of all paths together.
 using Rows = std::vector<std::vector<std::string>>;
 const std::vector<std::string>& headings();
+enum Column : std::size_t {
+    column_entry,
+    column_tier,
+    column_arguments,
+    column_max_ulp,
+    column_worst,
+    column_share,
+    column_path,
+    column_down,
+    column_up,
+    column_zero,
+    column_wrong,
+    column_wrong_argument,
+    column_directed_wrong,
+    column_changed,
+    column_max_beside,
+    column_sampling,
+};
 Rows rows_of(const Entry& entry, const Kernel& kernel, const Survey& survey);
 
 // Kept per kernel together with the question, which is what was asked for and what tells one kernel from
