@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # usage: scripts/accuracy.sh [x86_64 | i386] [OPTION]...
 # Measures the errors of all functions and publishes them: docs/accuracy/errors_<target>.csv, tables_<target>.md
-# and, on x86-64, a plot of each family. Options go to zelk-accuracy in place of those of the full survey, e.g.
+# and, on x86-64 where gnuplot is installed, a plot of each family. Options go to zelk-accuracy in place of those of the full survey, e.g.
 # `scripts/accuracy.sh x86_64 --samples 20000`. On 32-bit x86 a smaller survey is the usual one: most kernels are those
 # of x86-64. A survey that was interrupted goes on where it stopped.
 set -euo pipefail
@@ -25,6 +25,7 @@ cmake --build --preset "$target" --target zelk-accuracy --parallel "$(nproc)" >&
 
 state=build/$target/accuracy
 results=docs/accuracy
+[ $# -eq 0 ] || state=$state-$(cksum <<<"$*" | cut -d ' ' -f 1)
 started=$SECONDS
 "build/$target/bin/zelk-accuracy" "${options[@]}" --state "$state" \
     --csv "$results/errors_$target.csv" --markdown "$state/tables.md"
@@ -39,6 +40,6 @@ minutes=$(((SECONDS - started + 59) / 60))
     cat "$state/tables.md"
 } >"$results/tables_$target.md"
 
-if [ "$target" = x86_64 ]; then
+if [ "$target" = x86_64 ] && command -v gnuplot >/dev/null; then
     scripts/plot_accuracy.sh "$state" "$results"
 fi

@@ -347,6 +347,16 @@ TEST(SpecialValues, AreThoseOfTheTables)
 
 } // namespace
 
+// Every kernel on every special argument, for a look at how it goes about it.
+void make_calls()
+{
+    for (const Entry& entry : entries())
+        for (const Special& special : candidates(entry))
+            for (const Kernel& kernel : entry.kernels)
+                for (unsigned place = 0; place <= places_of(entry); ++place)
+                    outcome(entry, kernel, special, place, Rounding::nearest);
+}
+
 void write_tables()
 {
     std::ofstream out(table_file);
@@ -380,6 +390,10 @@ int main(int argc, char** argv)
 {
     if (argc > 1 && std::strcmp(argv[1], "--write") == 0) {
         zelk::test::write_tables();
+        return 0;
+    }
+    if (argc > 1 && std::strcmp(argv[1], "--calls") == 0) {
+        zelk::test::make_calls();
         return 0;
     }
     testing::InitGoogleTest(&argc, argv);
