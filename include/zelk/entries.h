@@ -160,14 +160,14 @@ ZELK_ALIASED(1, float4, __zelk_invcbrtf4, ropsInvCbrt4)
 ZELK_ALIASED(1, double2, __zelk_invcbrt2, ropdInvCbrt2)
 
 /* Error functions. */
-/* ZELK_FUNCTION(1, float4, __zelk_erff4) */
-/* ZELK_FUNCTION(1, double2, __zelk_erf2) */
-/* ZELK_FUNCTION(1, float4, __zelk_erfcf4) */
-/* ZELK_FUNCTION(1, double2, __zelk_erfc2) */
-/* ZELK_FUNCTION(1, float4, __zelk_erfinvf4) */
-/* ZELK_FUNCTION(1, double2, __zelk_erfinv2) */
-/* ZELK_FUNCTION(2, float4, __zelk_hypotf4) */
-/* ZELK_FUNCTION(2, double2, __zelk_hypot2) */
+ZELK_FUNCTION(1, float4, __zelk_erff4)
+ZELK_FUNCTION(1, double2, __zelk_erf2)
+ZELK_FUNCTION(1, float4, __zelk_erfcf4)
+ZELK_FUNCTION(1, double2, __zelk_erfc2)
+ZELK_FUNCTION(1, float4, __zelk_erfinvf4)
+ZELK_FUNCTION(1, double2, __zelk_erfinv2)
+ZELK_FUNCTION(2, float4, __zelk_hypotf4)
+ZELK_FUNCTION(2, double2, __zelk_hypot2)
 
 /* Rounding to integral values. */
 ZELK_ALIASED(1, float4, __zelk_ceilf4, ropsCeil4)

@@ -160,7 +160,6 @@ inline constexpr detail::Unary<__zelk_log10f4, __zelk_log10f4_mask, __zelk_log10
 // pow(base, exponent)
 inline constexpr detail::Binary<__zelk_powf4, __zelk_powf4_mask, __zelk_pow2, __zelk_pow2_mask> pow{};
 
-// Lines in comments are functions still to be written.
 inline constexpr detail::Unary<__zelk_asinf4, __zelk_asinf4_mask, __zelk_asin2, __zelk_asin2_mask> asin{};
 inline constexpr detail::Unary<__zelk_acosf4, __zelk_acosf4_mask, __zelk_acos2, __zelk_acos2_mask> acos{};
 inline constexpr detail::Unary<__zelk_atanf4, __zelk_atanf4_mask, __zelk_atan2, __zelk_atan2_mask> atan{};
@@ -179,8 +178,8 @@ inline constexpr detail::Unary<__zelk_cbrtf4, __zelk_cbrtf4_mask, __zelk_cbrt2, 
 // Reciprocals of the square root and of the cube root.
 inline constexpr detail::Unary<__zelk_invsqrtf4, __zelk_invsqrtf4_mask, __zelk_invsqrt2, __zelk_invsqrt2_mask> invsqrt{};
 inline constexpr detail::Unary<__zelk_invcbrtf4, __zelk_invcbrtf4_mask, __zelk_invcbrt2, __zelk_invcbrt2_mask> invcbrt{};
-//inline constexpr detail::Unary<__zelk_erff4, __zelk_erff4_mask, __zelk_erf2, __zelk_erf2_mask> erf{};
-//inline constexpr detail::Unary<__zelk_erfcf4, __zelk_erfcf4_mask, __zelk_erfc2, __zelk_erfc2_mask> erfc{};
+inline constexpr detail::Unary<__zelk_erff4, __zelk_erff4_mask, __zelk_erf2, __zelk_erf2_mask> erf{};
+inline constexpr detail::Unary<__zelk_erfcf4, __zelk_erfcf4_mask, __zelk_erfc2, __zelk_erfc2_mask> erfc{};
 
 inline constexpr detail::Unary<__zelk_ceilf4, __zelk_ceilf4_mask, __zelk_ceil2, __zelk_ceil2_mask> ceil{};
 inline constexpr detail::Unary<__zelk_floorf4, __zelk_floorf4_mask, __zelk_floor2, __zelk_floor2_mask> floor{};

@@ -31,7 +31,7 @@
 .macro dispatcher symbol:req, lanes:req, tiers:vararg
     .globl \symbol
     .type \symbol, @function
-    .p2align 4
+    .p2align 6
 \symbol:
     .cfi_startproc
     _CET_ENDBR
@@ -91,7 +91,7 @@
 .macro dispatcher symbol:req, lanes:req, tiers:vararg
     .globl \symbol
     .type \symbol, @function
-    .p2align 4
+    .p2align 6
 \symbol:
     .cfi_startproc
     _CET_ENDBR
@@ -146,7 +146,7 @@
 #define ZELK_TARGET_TIERS(x86_64, i386) ZELK_TIERS_OF_(i386)
 
     .text
-    .p2align 4
+    .p2align 6
 .Lload_pc:
     .cfi_startproc
     movl (%esp), %eax
@@ -158,7 +158,7 @@
 // One 16-byte constant with `value` in every lane; the linker merges equal ones.
 .macro lane_constant name:req, lanes:req, value:req
     .section .rodata.cst16, "aM", @progbits, 16
-    .p2align 4
+    .p2align 6
 \name:
     .ifc \lanes, d2
     .double \value, \value
@@ -244,7 +244,7 @@
 .macro function name:req
     .globl \name
     .type \name, @function
-    .p2align 4
+    .p2align 6
 \name:
     .cfi_startproc
     _CET_ENDBR

@@ -52,14 +52,4 @@ static inline double scalar_square_root(double x)
     return square_root(splat(x))[0];
 }
 
-// Every lane through the scalar routine, in order. The routines take and return bit patterns: a NaN that
-// comes back as it is may be a signalling one.
-ZELK_INLINE float4 lane_by_lane(float4 x, std::uint32_t (*routine)(std::uint32_t))
-{
-    uint4 lanes = as_uint4(x);
-    for (int lane = 0; lane < 4; ++lane)
-        lanes[lane] = routine(lanes[lane]);
-    return as_float4(lanes);
-}
-
 } // namespace zelk::ZELK_TIER

@@ -306,4 +306,30 @@ ZELK_INLINE long2 negative_lanes(long2 x)
     return as_long2(high_words(as_int4(x)) >> 31);
 }
 
+// Every lane through a scalar routine, in order. The routines take and return bit patterns: a NaN that goes
+// in or comes back as it is may be a signalling one.
+ZELK_INLINE float4 lane_by_lane(float4 x, std::uint32_t (*routine)(std::uint32_t))
+{
+    uint4 lanes = as_uint4(x);
+    for (int lane = 0; lane < 4; ++lane)
+        lanes[lane] = routine(lanes[lane]);
+    return as_float4(lanes);
+}
+ZELK_INLINE double2 lane_by_lane(double2 x, std::uint64_t (*routine)(std::uint64_t))
+{
+    ulong2 lanes = as_ulong2(x);
+    for (int lane = 0; lane < 2; ++lane)
+        lanes[lane] = routine(lanes[lane]);
+    return as_double2(lanes);
+}
+
+// The lanes of a mask, lane 0 first, through a scalar routine; the others as they are in the result.
+template <class Vector, class Scalar>
+ZELK_INLINE Vector replace_lanes(Vector result, Vector x, unsigned mask, Scalar (*routine)(Scalar))
+{
+    for (int lane = 0; mask != 0; ++lane, mask >>= 1)
+        if (mask & 1) result[lane] = routine(x[lane]);
+    return result;
+}
+
 } // namespace zelk::ZELK_TIER

@@ -46,8 +46,8 @@ ZELK_INLINE float4 truncate(float4 x, const tables::Roundingf4& k)
 // below 16.
 ZELK_INLINE long2 integral_mask(long2 magnitude, const tables::Rounding2& k)
 {
-    const auto shifted = _mm_adds_epu16((__m128i)magnitude, (__m128i)k.s_dwHigh);
-    const auto index = (ushort8)_mm_subs_epu16(shifted, (__m128i)k.s_dwDiff);
+    const auto shifted = _mm_adds_epu16((__m128i)magnitude, (__m128i)k.s_dwHigh.value);
+    const auto index = (ushort8)_mm_subs_epu16(shifted, (__m128i)k.s_dwDiff.value);
     const auto mask = [](unsigned i) {
         return (int4)_mm_loadl_epi64((const __m128i*)&tables::__zelk_g_dwMask[i >> 4]);
     };

@@ -6,23 +6,24 @@
 namespace zelk::tables {
 
 struct Atanf4 {
-    int4 s_dwAbsMask;   // clears the sign
-    int4 s_dwSignMask;  // the sign bit
-    int4 s_dwMaxNormal; // the largest finite number
-    int4 s_dwMinBound;  // the smallest normal number
-    float4 s_fOne;
-    float4 s_fNegOne;
-    float4 s_fPi2; // pi/2
-    float4 s_fPi;
-    float4 s_fA0; // arctan q = q (A0 + A1 q^2 + ... + A8 q^16), relative error below 2^-23.9 on |q| <= 1
-    float4 s_fA1;
-    float4 s_fA2;
-    float4 s_fA3;
-    float4 s_fA4;
-    float4 s_fA5;
-    float4 s_fA6;
-    float4 s_fA7;
-    float4 s_fA8;
+    Constant<int4> s_dwAbsMask;   // clears the sign
+    Constant<int4> s_dwSignMask;  // the sign bit
+    Constant<int4> s_dwMaxNormal; // the largest finite number
+    Constant<int4> s_dwMinBound;  // the smallest normal number
+    Constant<float4> s_fOne;
+    Constant<float4> s_fNegOne;
+    Constant<float4> s_fPi2; // pi/2
+    Constant<float4> s_fPi;
+    Constant<float4>
+        s_fA0; // arctan q = q (A0 + A1 q^2 + ... + A8 q^16), relative error below 2^-23.9 on |q| <= 1
+    Constant<float4> s_fA1;
+    Constant<float4> s_fA2;
+    Constant<float4> s_fA3;
+    Constant<float4> s_fA4;
+    Constant<float4> s_fA5;
+    Constant<float4> s_fA6;
+    Constant<float4> s_fA7;
+    Constant<float4> s_fA8;
 };
 ZELK_TABLE Atanf4 atanf4;
 

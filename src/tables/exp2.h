@@ -6,20 +6,20 @@
 namespace zelk::tables {
 
 struct Exp2 {
-    double2 dbB1;      // 704, end of the ordinary range
-    double2 dbB2;      // 768, end of the scaled range
-    double2 dbInf;     // infinity
-    long2 iAbsMask;    // clears the sign
-    double2 s_dwInvLn; // 64/ln 2
-    double2 s_dwNegRS; // -1.5 * 2^52
-    double2 s_dwLnHi;  // ln 2/64 = LnHi + LnLo; 32 significant bits in LnHi
-    double2 s_dwLnLo;
-    ulong2 s_dwBias; // 1023 * 64
-    double2 s_dwOne;
-    double2 s_dwA2; // e^r = 1 + r + A2 r^2 + A3 r^3 + A4 r^4 + A5 r^5
-    double2 s_dwA3;
-    double2 s_dwA4;
-    double2 s_dwA5;
+    Constant<double2> dbB1;      // 704, end of the ordinary range
+    Constant<double2> dbB2;      // 768, end of the scaled range
+    Constant<double2> dbInf;     // infinity
+    Constant<long2> iAbsMask;    // clears the sign
+    Constant<double2> s_dwInvLn; // 64/ln 2
+    Constant<double2> s_dwNegRS; // -1.5 * 2^52
+    Constant<double2> s_dwLnHi;  // ln 2/64 = LnHi + LnLo; 32 significant bits in LnHi
+    Constant<double2> s_dwLnLo;
+    Constant<ulong2> s_dwBias; // 1023 * 64
+    Constant<double2> s_dwOne;
+    Constant<double2> s_dwA2; // e^r = 1 + r + A2 r^2 + A3 r^3 + A4 r^4 + A5 r^5
+    Constant<double2> s_dwA3;
+    Constant<double2> s_dwA4;
+    Constant<double2> s_dwA5;
 
     std::uint64_t s_dwExp2[64]; // fraction bits of 2^(j/64)
 

@@ -6,16 +6,16 @@
 namespace zelk::tables {
 
 struct Exp22 {
-    int4 AbsMask;    // clears the sign of the high word and the low word
-    double2 Trash;   // 1022; a lane with a greater high word leaves the fast path
-    double2 Shifter; // 1.5 * 2^45
-    long2 Bias;      // 1023 * 128
-    long2 IntMask;   // the exponent field in units of 1/128
-    double2 P0;      // 2^r = P0 + P1 r + P2 r^2 + P3 r^3 + P4 r^4
-    double2 P1;
-    double2 P2;
-    double2 P3;
-    double2 P4;
+    Constant<int4> AbsMask;    // clears the sign of the high word and the low word
+    Constant<double2> Trash;   // 1022; a lane with a greater high word leaves the fast path
+    Constant<double2> Shifter; // 1.5 * 2^45
+    Constant<long2> Bias;      // 1023 * 128
+    Constant<long2> IntMask;   // the exponent field in units of 1/128
+    Constant<double2> P0;      // 2^r = P0 + P1 r + P2 r^2 + P3 r^3 + P4 r^4
+    Constant<double2> P1;
+    Constant<double2> P2;
+    Constant<double2> P3;
+    Constant<double2> P4;
 
     double Table[128]; // 2^(j/128)
 };

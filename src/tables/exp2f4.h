@@ -6,15 +6,16 @@
 namespace zelk::tables {
 
 struct Exp2f4 {
-    float4 flRS;    // 1.5 * 2^17: adding it rounds to a multiple N/64, and the low mantissa bits then hold N
-    float4 flA1;    // 2/ln2
-    float4 flA0;    // 2/(ln2)^2
-    int4 flAbsMask; // clears the sign
-    int4 flExpMask; // the exponent field
-    int4 flJMask;   // j = N mod 64
-    int4 flBias;    // 127 in units of 1/64, the unit of N
-    int4 flScaleMask;                // the exponent in those units
-    int4 flMaxBound;                 // 123.5, the bound of the fast path
+    Constant<float4>
+        flRS; // 1.5 * 2^17: adding it rounds to a multiple N/64, and the low mantissa bits then hold N
+    Constant<float4> flA1;           // 2/ln2
+    Constant<float4> flA0;           // 2/(ln2)^2
+    Constant<int4> flAbsMask;        // clears the sign
+    Constant<int4> flExpMask;        // the exponent field
+    Constant<int4> flJMask;          // j = N mod 64
+    Constant<int4> flBias;           // 127 in units of 1/64, the unit of N
+    Constant<int4> flScaleMask;      // the exponent in those units
+    Constant<int4> flMaxBound;       // 123.5, the bound of the fast path
     std::uint32_t s_fExp2Tbl[64][2]; // T_j = (ln2)^2/2 2^(j/64), 0
 };
 ZELK_TABLE Exp2f4 exp2f4;

@@ -6,32 +6,32 @@
 namespace zelk::tables {
 
 struct InverseHyperbolic2 {
-    long2 iAbsMask;       // clears the sign
-    long2 iSignBit;       // the sign bit
-    int4 iInfinityBits;   // high words: asinh, acosh: the vector path ends below it
-    int4 iAcoshTreshold;  // 1.5: it begins above these
-    int4 iAsinhTreshold;  // 1
-    int4 iAtanhTreshold;  // 1/4
-    int4 iOneBits;        // atanh: the vector path ends below it
-    long2 iHugeArg;       // 1e154: from here on y = |x|, and ln 2 is added
-    int4 i1023;           // exponent bias
-    long2 iMantissaMask;  // the fraction field
-    long2 iExponentOfOne; // exponent field of [1, 2)
-    long2 iSqrt2Addition; // carries from the fraction of 1.4142131805 on, just below sqrt 2
-    long2 iSqrt2Mask;     // the carry
-    double2 dbOne;
-    double2 dbTwo;
-    double2 dbHalf;
-    double2 dbLn2;
-    double2 dbLn2Hi; // ln 2 in two parts, the first of 32 significant bits
-    double2 dbLn2Lo;
-    double2 dbLg1; // ln(1+f) = f - s (f - R), s = f/(2+f), R = Lg1 s^2 + ... + Lg7 s^14
-    double2 dbLg2;
-    double2 dbLg3;
-    double2 dbLg4;
-    double2 dbLg5;
-    double2 dbLg6;
-    double2 dbLg7;
+    Constant<long2> iAbsMask;       // clears the sign
+    Constant<long2> iSignBit;       // the sign bit
+    Constant<int4> iInfinityBits;   // high words: asinh, acosh: the vector path ends below it
+    Constant<int4> iAcoshTreshold;  // 1.5: it begins above these
+    Constant<int4> iAsinhTreshold;  // 1
+    Constant<int4> iAtanhTreshold;  // 1/4
+    Constant<int4> iOneBits;        // atanh: the vector path ends below it
+    Constant<long2> iHugeArg;       // 1e154: from here on y = |x|, and ln 2 is added
+    Constant<int4> i1023;           // exponent bias
+    Constant<long2> iMantissaMask;  // the fraction field
+    Constant<long2> iExponentOfOne; // exponent field of [1, 2)
+    Constant<long2> iSqrt2Addition; // carries from the fraction of 1.4142131805 on, just below sqrt 2
+    Constant<long2> iSqrt2Mask;     // the carry
+    Constant<double2> dbOne;
+    Constant<double2> dbTwo;
+    Constant<double2> dbHalf;
+    Constant<double2> dbLn2;
+    Constant<double2> dbLn2Hi; // ln 2 in two parts, the first of 32 significant bits
+    Constant<double2> dbLn2Lo;
+    Constant<double2> dbLg1; // ln(1+f) = f - s (f - R), s = f/(2+f), R = Lg1 s^2 + ... + Lg7 s^14
+    Constant<double2> dbLg2;
+    Constant<double2> dbLg3;
+    Constant<double2> dbLg4;
+    Constant<double2> dbLg5;
+    Constant<double2> dbLg6;
+    Constant<double2> dbLg7;
 };
 ZELK_TABLE InverseHyperbolic2 inverse_hyperbolic2;
 

@@ -6,18 +6,18 @@
 namespace zelk::tables {
 
 struct Log2 {
-    long2 iHi43Bits;  // exponent and the upper 31 fraction bits
-    double2 dbOne;    // 1
-    double2 dbLog2Hi; // ln 2 = Log2Hi + Log2Lo; 11 trailing zero bits in Log2Hi
-    double2 dbLog2Lo;
-    double2 dbP1; // ln(1 + r) = r + P1 r^2 + P2 r^3 + ...
-    double2 dbP2;
-    double2 dbP3;
-    double2 dbP4;
-    double2 dbP5;
-    double2 dbP6;           // tier A
-    double2 s_db1022xLn2;   // -1022 ln 2 = 1022xLn2 + 1022xLn2Lo
-    double2 s_db1022xLn2Lo; // not tier A
+    Constant<long2> iHi43Bits;  // exponent and the upper 31 fraction bits
+    Constant<double2> dbOne;    // 1
+    Constant<double2> dbLog2Hi; // ln 2 = Log2Hi + Log2Lo; 11 trailing zero bits in Log2Hi
+    Constant<double2> dbLog2Lo;
+    Constant<double2> dbP1; // ln(1 + r) = r + P1 r^2 + P2 r^3 + ...
+    Constant<double2> dbP2;
+    Constant<double2> dbP3;
+    Constant<double2> dbP4;
+    Constant<double2> dbP5;
+    Constant<double2> dbP6;           // tier A
+    Constant<double2> s_db1022xLn2;   // -1022 ln 2 = 1022xLn2 + 1022xLn2Lo
+    Constant<double2> s_db1022xLn2Lo; // not tier A
 };
 ZELK_TABLE Log2 log2_A;
 ZELK_TABLE Log2 log2_L;

@@ -6,15 +6,15 @@
 namespace zelk::tables {
 
 struct Log22 {
-    long2 Bias;      // low fraction bits that make halfway cases round up
-    double2 Shifter; // 2^45
-    double2 P1;      // log2(1 + r) = P1 r + P2 r^2 + ...
-    double2 P2;
-    double2 P3;
-    double2 P4;
-    double2 P5;
-    double2 P6;
-    double2 s_db1022; // -1022
+    Constant<long2> Bias;      // low fraction bits that make halfway cases round up
+    Constant<double2> Shifter; // 2^45
+    Constant<double2> P1;      // log2(1 + r) = P1 r + P2 r^2 + ...
+    Constant<double2> P2;
+    Constant<double2> P3;
+    Constant<double2> P4;
+    Constant<double2> P5;
+    Constant<double2> P6;
+    Constant<double2> s_db1022; // -1022
 
     // The points 1 + j/128: their log2 = H + T, H a multiple of 2^-39, and their reciprocals.
     struct Row {

@@ -6,14 +6,14 @@
 namespace zelk::tables {
 
 struct LogD2 {
-    int4 i00100000;    // high word of the smallest normal number
-    int4 i001fffff;    // h + i00100000 > i001fffff: h is the high word of a positive normal number
-    int4 dwInf;        // high word of infinity
-    int4 iBias;        // 1023
-    long2 iExpMask;    // the fraction field
-    double2 dbOne;     // 1
-    double2 infinity;  // result at infinity
-    double2 minus_inf; // result at zero
+    Constant<int4> i00100000;    // high word of the smallest normal number
+    Constant<int4> i001fffff;    // h + i00100000 > i001fffff: h is the high word of a positive normal number
+    Constant<int4> dwInf;        // high word of infinity
+    Constant<int4> iBias;        // 1023
+    Constant<long2> iExpMask;    // the fraction field
+    Constant<double2> dbOne;     // 1
+    Constant<double2> infinity;  // result at infinity
+    Constant<double2> minus_inf; // result at zero
 };
 ZELK_TABLE LogD2 log_d2;
 

@@ -6,34 +6,34 @@
 namespace zelk::tables {
 
 struct SinCos2 {
-    long2 MMIABSMASK;  // clears the sign
-    long2 MMISIGNMASK; // the sign bit
-    double2 MMDINVPI;  // 1/pi
-    double2 MMDRSHIFT; // 1.5 * 2^52
-    int4 MMDHUGE;      // 128000 in the high words, the bound of sine's fast path
-    long2 dbHUGE;      // 128000, the bound of cosine's
-    double2 MMDPI1;    // pi = PI1 + PI2 + PI3 + PI4; at most 23 significant bits in the first three
-    double2 MMDPI2;
-    double2 MMDPI3;
-    double2 MMDPI4;
-    double2 dbPi4;   // -PI4
-    double2 dbPio2;  // pi/2
-    double2 dbNegRS; // -1.5 * 2^52
-    double2 db05;    // 1/2
-    double2 MMDA1;   // sin r = r + A1 r^3 + A2 r^5 + ... + A8 r^17
-    double2 MMDA2;
-    double2 MMDA3;
-    double2 MMDA4;
-    double2 MMDA5;
-    double2 MMDA6;
-    double2 MMDA7;
-    double2 MMDA8;
+    Constant<long2> MMIABSMASK;  // clears the sign
+    Constant<long2> MMISIGNMASK; // the sign bit
+    Constant<double2> MMDINVPI;  // 1/pi
+    Constant<double2> MMDRSHIFT; // 1.5 * 2^52
+    Constant<int4> MMDHUGE;      // 128000 in the high words, the bound of sine's fast path
+    Constant<long2> dbHUGE;      // 128000, the bound of cosine's
+    Constant<double2> MMDPI1;    // pi = PI1 + PI2 + PI3 + PI4; at most 23 significant bits in the first three
+    Constant<double2> MMDPI2;
+    Constant<double2> MMDPI3;
+    Constant<double2> MMDPI4;
+    Constant<double2> dbPi4;   // -PI4
+    Constant<double2> dbPio2;  // pi/2
+    Constant<double2> dbNegRS; // -1.5 * 2^52
+    Constant<double2> db05;    // 1/2
+    Constant<double2> MMDA1;   // sin r = r + A1 r^3 + A2 r^5 + ... + A8 r^17
+    Constant<double2> MMDA2;
+    Constant<double2> MMDA3;
+    Constant<double2> MMDA4;
+    Constant<double2> MMDA5;
+    Constant<double2> MMDA6;
+    Constant<double2> MMDA7;
+    Constant<double2> MMDA8;
     // Between the bound and 2^30.
-    int4 TWO_POW_30;      // 2^30 in the high words
-    double2 THE_PI02_INV; // 2/pi
-    double2 PI02C[5];     // pi/2 in five parts; at most 21 significant bits in the first four
-    int4 MMI_ONE;
-    int4 MSK_LOW_BIT; // clears bit 0
+    Constant<int4> TWO_POW_30;      // 2^30 in the high words
+    Constant<double2> THE_PI02_INV; // 2/pi
+    Constant<double2> PI02C[5];     // pi/2 in five parts; at most 21 significant bits in the first four
+    Constant<int4> MMI_ONE;
+    Constant<int4> MSK_LOW_BIT; // clears bit 0
 };
 ZELK_TABLE SinCos2 sin_cos2;
 

@@ -6,26 +6,26 @@
 namespace zelk::tables {
 
 struct Sincosf4 {
-    int4 MMIABSMASK;  // clears the sign
-    int4 MMISIGNMASK; // the sign bit
-    int4 MMIHUGE;     // 10000, the bound of the fast path
-    int4 flTwoPow30;  // 2^30, the bound of the reduction in vectors
-    int4 MMIPARMASK;  // bit 0 of a quadrant
-    int4 MMITWOMASK;  // bit 1 of a quadrant
-    float4 MMSINVPI;  // 2/pi
-    float4 MMSRSHIFT; // 1.5 * 2^23
-    float4 MMSPI1;    // pi/2 = PI1 + PI2 + PI3 + PI4; at most 11 significant bits in the first three
-    float4 MMSPI2;
-    float4 MMSPI3;
-    float4 MMSPI4;
-    float4 MMSA1; // sin r = r + A1 r^3 + A2 r^5 + A3 r^7
-    float4 MMSA2;
-    float4 MMSA3;
-    float4 MMSB0; // cos r = B0 + B1 r^2 + B2 r^4 + B3 r^6 + B4 r^8
-    float4 MMSB1;
-    float4 MMSB2;
-    float4 MMSB3;
-    float4 MMSB4;
+    Constant<int4> MMIABSMASK;  // clears the sign
+    Constant<int4> MMISIGNMASK; // the sign bit
+    Constant<int4> MMIHUGE;     // 10000, the bound of the fast path
+    Constant<int4> flTwoPow30;  // 2^30, the bound of the reduction in vectors
+    Constant<int4> MMIPARMASK;  // bit 0 of a quadrant
+    Constant<int4> MMITWOMASK;  // bit 1 of a quadrant
+    Constant<float4> MMSINVPI;  // 2/pi
+    Constant<float4> MMSRSHIFT; // 1.5 * 2^23
+    Constant<float4> MMSPI1; // pi/2 = PI1 + PI2 + PI3 + PI4; at most 11 significant bits in the first three
+    Constant<float4> MMSPI2;
+    Constant<float4> MMSPI3;
+    Constant<float4> MMSPI4;
+    Constant<float4> MMSA1; // sin r = r + A1 r^3 + A2 r^5 + A3 r^7
+    Constant<float4> MMSA2;
+    Constant<float4> MMSA3;
+    Constant<float4> MMSB0; // cos r = B0 + B1 r^2 + B2 r^4 + B3 r^6 + B4 r^8
+    Constant<float4> MMSB1;
+    Constant<float4> MMSB2;
+    Constant<float4> MMSB3;
+    Constant<float4> MMSB4;
 };
 ZELK_TABLE Sincosf4 sincosf4;
 

@@ -1,7 +1,7 @@
 // How the table modules write constants: from bit patterns; vectors have the value in every lane.
 #pragma once
 
-#include "lanes/types.h"
+#include "tables/constant.h"
 
 namespace zelk::tables {
 

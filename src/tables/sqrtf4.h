@@ -6,11 +6,12 @@
 namespace zelk::tables {
 
 struct Sqrtf4 {
-    float4 s_fHalf;
-    float4 s_fThree;
-    float4 s_dwOne;
-    int4 s_dwMinNorm; // x - MinNorm > NormBound, as signed words: x is not a positive normal finite number
-    int4 s_dwNormBound;
+    Constant<float4> s_fHalf;
+    Constant<float4> s_fThree;
+    Constant<float4> s_dwOne;
+    Constant<int4>
+        s_dwMinNorm; // x - MinNorm > NormBound, as signed words: x is not a positive normal finite number
+    Constant<int4> s_dwNormBound;
 };
 ZELK_TABLE Sqrtf4 sqrtf4;
 

@@ -6,25 +6,26 @@
 namespace zelk::tables {
 
 struct Tan2 {
-    long2 MMIABSMASK;
-    long2 MMISIGNMASK;
-    int4 MMDHUGE;        // high word of 128000, the bound of the short reduction
-    int4 TWO_POW_30;     // high word of the bound of the reduction in vectors
-    double2 MMDINVPI2;   // 2/pi
-    double2 MMDRSHIFT_A; // 2^52: rounds t >= 0 to an integer
-    double2 MMDRSHIFT_L; // 1.5 * 2^52: t of either sign
-    double2 MMDPI1;      // pi/2 in four parts; the products of the first three with |k| < 2^17 are exact
-    double2 MMDPI2;
-    double2 MMDPI3;
-    double2 MMDPI4;
-    double2 MMDP0; // tan r = r (P0 + z (P1 + z (P2 + z P3))) / (Q0 + z (Q1 + z (Q2 + z Q3))), z = r^2
-    double2 MMDP1;
-    double2 MMDP2;
-    double2 MMDP3;
-    double2 MMDQ0;
-    double2 MMDQ1;
-    double2 MMDQ2;
-    double2 MMDQ3;
+    Constant<long2> MMIABSMASK;
+    Constant<long2> MMISIGNMASK;
+    Constant<int4> MMDHUGE;        // high word of 128000, the bound of the short reduction
+    Constant<int4> TWO_POW_30;     // high word of the bound of the reduction in vectors
+    Constant<double2> MMDINVPI2;   // 2/pi
+    Constant<double2> MMDRSHIFT_A; // 2^52: rounds t >= 0 to an integer
+    Constant<double2> MMDRSHIFT_L; // 1.5 * 2^52: t of either sign
+    Constant<double2> MMDPI1; // pi/2 in four parts; the products of the first three with |k| < 2^17 are exact
+    Constant<double2> MMDPI2;
+    Constant<double2> MMDPI3;
+    Constant<double2> MMDPI4;
+    Constant<double2>
+        MMDP0; // tan r = r (P0 + z (P1 + z (P2 + z P3))) / (Q0 + z (Q1 + z (Q2 + z Q3))), z = r^2
+    Constant<double2> MMDP1;
+    Constant<double2> MMDP2;
+    Constant<double2> MMDP3;
+    Constant<double2> MMDQ0;
+    Constant<double2> MMDQ1;
+    Constant<double2> MMDQ2;
+    Constant<double2> MMDQ3;
 };
 ZELK_TABLE Tan2 tan2;
 

@@ -8,13 +8,13 @@ namespace zelk::tables {
 struct TrigReduction {
     // Multiples of pi/4 and pi/2 in five parts. The first four have at most 21 significant bits: their
     // products with an integer below 2^31 are exact.
-    double2 _PI04_21x5[5];
-    double2 _PIO2_21x5[5];
+    Constant<double2> _PI04_21x5[5];
+    Constant<double2> _PIO2_21x5[5];
 
     // Vectors below 2^30.
-    double2 dbInvPio4; // 4/pi
-    int4 dbiOne;
-    int4 MSK_LOW_BIT; // clears bit 0
+    Constant<double2> dbInvPio4; // 4/pi
+    Constant<int4> dbiOne;
+    Constant<int4> MSK_LOW_BIT; // clears bit 0
 
     // The scalar routine.
     double _PI02_INV;     // 2/pi

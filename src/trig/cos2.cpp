@@ -59,11 +59,8 @@ ZELK_INLINE CosineReduced2 reduce_medium(double2 magnitude, const SinCos2& k)
         return sine_polynomial(reduced.r, reduced.q, k);
     }
 
-    double2 result = sine_polynomial(ordinary.r, ordinary.q, k);
-    unsigned special = lane_mask(beyond);
-    for (int lane = 0; special != 0; ++lane, special >>= 1)
-        if (special & 1) result[lane] = __static_scalar_cos(magnitude[lane]);
-    return result;
+    return replace_lanes(sine_polynomial(ordinary.r, ordinary.q, k), magnitude, lane_mask(beyond),
+                         __static_scalar_cos);
 }
 
 double2 cos2(double2 x)

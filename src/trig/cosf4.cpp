@@ -9,19 +9,17 @@ namespace zelk::ZELK_TIER {
 
 using tables::SinCosf4;
 
-ZELK_INLINE Reducedf4 reduce_in_binary32(float4 x, const SinCosf4& k)
+ZELK_INLINE Reducedf4 reduce_in_binary32(float4 y, const SinCosf4& k)
 {
-    const float4 y = as_float4(as_int4(x) & k.MMIABSMASK);
     const int4 n = round_to_int((y + k.MMSPIo2) * k.MMSINVPI);
     return subtract_multiple_of_pi(y, to_float4(n) - k.MMS05, n, k);
 }
 
 // |x| = quadrant pi/2 + r with an odd quadrant, so that cos x = -(-1)^((quadrant - 1)/2) sin r.
-ZELK_INLINE Reducedf4 reduce_medium(float4 x, const SinCosf4& k)
+ZELK_INLINE Reducedf4 reduce_medium(float4 y, const SinCosf4& k)
 {
-    const float4 magnitude = as_float4(as_int4(x) & k.MMIABSMASK);
-    const double2 low = widen_low(magnitude);
-    const double2 high = widen_high(magnitude);
+    const double2 low = widen_low(y);
+    const double2 high = widen_high(y);
     const int4 quadrant = trunc_quotient_by_half_pi(low, high, k) | k.dbiOne;
     const int4 sign = ~(quadrant << 30) & k.sign_mask;
     return reduce_in_binary64(low, high, quadrant, sign, k);
@@ -42,24 +40,22 @@ ZELK_INLINE Reducedf4 reduce_medium(float4 x, const SinCosf4& k)
 {
     const auto& k = tables::sin_cosf4;
     // Lanes that the binary32 path cannot take pass through it as zeros: they must not raise anything there.
-    const Reducedf4 ordinary = reduce_in_binary32(as_float4(as_int4(x) & ~beyond), k);
-    const int4 huge = (as_int4(x) & k.MMIABSMASK) > k.flTwoPow30;
-    if (lane_mask(huge) == 0) return sine_polynomial(select(beyond, reduce_medium(x, k), ordinary), k);
+    const float4 y = magnitude(x, k);
+    const Reducedf4 ordinary = reduce_in_binary32(as_float4(as_int4(y) & ~beyond), k);
+    const int4 huge = as_int4(y) > k.flTwoPow30;
+    if (lane_mask(huge) == 0) return sine_polynomial(select(beyond, reduce_medium(y, k), ordinary), k);
 
-    float4 result = sine_polynomial(ordinary, k);
-    unsigned special = lane_mask(beyond);
-    for (int lane = 0; special != 0; ++lane, special >>= 1)
-        if (special & 1) result[lane] = __static_scalar_cosf(x[lane]);
-    return result;
+    return replace_lanes(sine_polynomial(ordinary, k), x, lane_mask(beyond), __static_scalar_cosf);
 }
 
 float4 cosf4(float4 x)
 {
     const auto& k = tables::sin_cosf4;
-    const int4 beyond = beyond_bound(x, k);
+    const float4 y = magnitude(x, k);
+    const int4 beyond = beyond_bound(y, k);
     if (lane_mask(beyond) != 0) [[unlikely]]
         return spec_scos4(x, beyond);
-    return sine_polynomial(reduce_in_binary32(x, k), k);
+    return sine_polynomial(reduce_in_binary32(y, k), k);
 }
 
 } // namespace zelk::ZELK_TIER

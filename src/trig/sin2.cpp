@@ -61,11 +61,7 @@ ZELK_INLINE double2 evaluate(const SineReduced2& reduced, const SinCos2& k)
         return evaluate(select(beyond, reduce_medium(x, k), ordinary), k);
     }
 
-    double2 result = evaluate(ordinary, k);
-    unsigned special = lane_mask(beyond);
-    for (int lane = 0; special != 0; ++lane, special >>= 1)
-        if (special & 1) result[lane] = __static_scalar_sin(x[lane]);
-    return result;
+    return replace_lanes(evaluate(ordinary, k), x, lane_mask(beyond), __static_scalar_sin);
 }
 
 double2 sin2(double2 x)

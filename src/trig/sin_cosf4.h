@@ -15,9 +15,14 @@ struct Reducedf4 {
     int4 sign;
 };
 
-ZELK_INLINE int4 beyond_bound(float4 x, const tables::SinCosf4& k)
+ZELK_INLINE float4 magnitude(float4 x, const tables::SinCosf4& k)
 {
-    return (as_int4(x) & k.MMIABSMASK) > k.MMIHUGE;
+    return as_float4(as_int4(x) & k.MMIABSMASK);
+}
+
+ZELK_INLINE int4 beyond_bound(float4 magnitude, const tables::SinCosf4& k)
+{
+    return as_int4(magnitude) > k.MMIHUGE;
 }
 
 // r = y - nf pi. |nf| < 2^12 and the first three parts of pi have at most 12 significant bits, so that their
@@ -32,7 +37,7 @@ ZELK_INLINE Reducedf4 subtract_multiple_of_pi(float4 y, float4 nf, int4 n, const
 ZELK_INLINE float4 sine_polynomial(const Reducedf4& reduced, const tables::SinCosf4& k)
 {
     const float4 z = reduced.z;
-    const float4 p = (((k.MMSA9 * z + k.MMSA7) * z + k.MMSA5) * z + k.MMSA3) * z;
+    const float4 p = (((z * k.MMSA9 + k.MMSA7) * z + k.MMSA5) * z + k.MMSA3) * z;
     return as_float4(as_int4(p * reduced.r + reduced.r) ^ reduced.sign);
 }
 

@@ -2,13 +2,14 @@
 #pragma once
 
 #include "lanes/lanes.h"
+#include "tables/constant.h"
 
 namespace zelk::ZELK_TIER {
 
 // x - n K for an integer n below 2^31 in magnitude, K in five parts. The products with the first four parts
 // are exact, and the rounding errors of the differences are carried along: the result keeps its relative
 // accuracy where nearly everything cancels.
-ZELK_INLINE double2 subtract_multiple(double2 x, double2 n, const double2 (&K)[5])
+ZELK_INLINE double2 subtract_multiple(double2 x, double2 n, const tables::Constant<double2> (&K)[5])
 {
     const double2 P1 = K[1] * n;
     const double2 P2 = K[2] * n;

@@ -71,11 +71,8 @@ ZELK_INLINE double2 tangent_quotient(const TanReduced2& reduced, const Tan2& c)
             return tangent_quotient({r, r * r, sign & beyond, select(beyond, medium.quadrant, ordinary.k)},
                                     c);
         }
-        double2 result = tangent_quotient(ordinary, c);
-        unsigned special = lane_mask(as_double2(beyond));
-        for (int lane = 0; special != 0; ++lane, special >>= 1)
-            if (special & 1) result[lane] = __static_scalar_tan(x[lane]);
-        return result;
+        return replace_lanes(tangent_quotient(ordinary, c), x, lane_mask(as_double2(beyond)),
+                             __static_scalar_tan);
     }
 }
 

@@ -103,11 +103,7 @@ ZELK_INLINE float4 tangent_of_quadrant(float4 x, const QuadrantReducedf4& reduce
             const int4 sign = as_int4(x) & c.MMISIGNMASK & beyond;
             return tangent_quotient({r, r * r, sign, select(beyond, medium.quadrant, ordinary.k)}, c);
         }
-        float4 result = tangent_quotient(ordinary, c);
-        unsigned special = lane_mask(beyond);
-        for (int lane = 0; special != 0; ++lane, special >>= 1)
-            if (special & 1) result[lane] = __static_scalar_tanf(x[lane]);
-        return result;
+        return replace_lanes(tangent_quotient(ordinary, c), x, lane_mask(beyond), __static_scalar_tanf);
     }
 }
 
