@@ -116,9 +116,10 @@ bool is_exhaustive(const Options& options, const Entry& entry)
     return options.exhaustive && can_be_exhausted(entry);
 }
 
-std::string question(const Options& options, const Entry& entry, const Kernel& kernel,
-                     const std::vector<Argument>& arguments)
+std::string question(const Options& options, const Entry& entry, const Kernel& kernel)
 {
+    const auto arguments =
+        survey_arguments(entry, *find_function(entry.name), {.samples = 20000, .radius = 4});
     return "samples " + std::to_string(options.amount.samples) + ", radius " +
            std::to_string(options.amount.radius) +
            (is_exhaustive(options, entry)
@@ -132,24 +133,24 @@ void survey_entry(const Options& options, const Entry& entry, Rows& rows)
     const Function* const function = find_function(entry.name);
     if (!function) throw Error(entry.name + " has no row in the list of exact functions");
     const Store store(options.state);
-    const auto arguments = survey_arguments(entry, *function, options.amount);
     std::vector<Kernel> missing;
     for (const Kernel& kernel : entry.kernels)
         if ((!options.tier || kernel.tier == options.tier) &&
-            store.read(entry, kernel, question(options, entry, kernel, arguments)).empty())
+            store.read(entry, kernel, question(options, entry, kernel)).empty())
             missing.push_back(kernel);
     if (!missing.empty()) {
         const int refinements = is_exhaustive(options, entry) ? 0 : options.amount.refinements;
+        const auto arguments = survey_arguments(entry, *function, options.amount);
         auto surveys =
             measure(entry, *function, missing, arguments, refinements, options.threads, show_progress);
         if (is_exhaustive(options, entry))
             measure_exhaustively(entry, *function, missing, options.threads, show_progress, surveys);
         for (std::size_t i = 0; i < missing.size(); ++i)
-            store.write(entry, missing[i], question(options, entry, missing[i], arguments), surveys[i]);
+            store.write(entry, missing[i], question(options, entry, missing[i]), surveys[i]);
     }
     for (const Kernel& kernel : entry.kernels)
         if (!options.tier || kernel.tier == options.tier) {
-            const Rows kept = store.read(entry, kernel, question(options, entry, kernel, arguments));
+            const Rows kept = store.read(entry, kernel, question(options, entry, kernel));
             rows.insert(rows.end(), kept.begin(), kept.end());
         }
 }

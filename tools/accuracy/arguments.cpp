@@ -45,6 +45,14 @@ public:
         for (std::int64_t bits = std::max<std::int64_t>(middle - radius, 0); bits <= middle + radius; ++bits)
             visit(at_pattern(bits));
     }
+    // On either side of x, at any distance in proportion.
+    double approaching(Random& random, double x) const
+    {
+        const int exponent = -1 - static_cast<int>(random.next() % static_cast<unsigned>(format_.digits));
+        const double offset =
+            std::ldexp(x, exponent) * (1 + static_cast<double>(random.next() >> 11) * 0x1p-53);
+        return round(random.next() >> 63 ? x + offset : x - offset / 2);
+    }
     // Another number of the same sign, from next to it to one of another binade.
     double near(Random& random, double x) const
     {
@@ -146,6 +154,11 @@ private:
             });
             from = to;
         }
+        for (std::size_t i = 0; i < function_.edges.size(); ++i)
+            add(5000 + i, amount_.samples / 4 / function_.edges.size(), [&](Random& random) {
+                return Argument{
+                    with_random_sign(random, numbers_.approaching(random, function_.edges[i].value)), 0};
+            });
         for (const Edge& edge : function_.edges)
             add_neighbours(edge.value);
         add_neighbours(1);
@@ -208,11 +221,11 @@ private:
             const double x = std::fabs(in_any_binade(random, -ordinary_exponents, ordinary_exponents));
             return Argument{x, exponent_for(random, x)};
         });
-        add(15, count / 4, [&](Random& random) {
-            const double offset = in_any_binade(random, -format_of(entry_.lanes).digits / 2, -3);
-            const double x = numbers_.round(1 + offset);
-            return Argument{x, exponent_for(random, x)};
-        });
+        for (std::size_t i = 0; i < function_.edges.size(); ++i)
+            add(5000 + i, count / 2 / function_.edges.size(), [&](Random& random) {
+                const double x = numbers_.approaching(random, function_.edges[i].value);
+                return Argument{x == 1 ? 2 : x, exponent_for(random, x == 1 ? 2 : x)};
+            });
         add(16, count / 8, [&](Random& random) {
             const double x = in_any_binade(random, 1, ordinary_exponents);
             return Argument{x, std::rint(exponent_for(random, x))};

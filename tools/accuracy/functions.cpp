@@ -110,10 +110,10 @@ std::vector<Function> make_functions()
         {"log2f4", "logarithms", unary<mpfr_log2>, {half, {2, "2"}}},
         {"log10f4", "logarithms", unary<mpfr_log10>, {half, {2, "2"}}},
         {"log2", "logarithms", unary<mpfr_log>, {{0.875, "7/8"}, {1.125, "9/8"}}},
-        {"log22", "logarithms", unary<mpfr_log2>, {{0.875, "7/8"}, {1.125, "9/8"}}},
+        {"log22", "logarithms", unary<mpfr_log2>, {{0.875, "7/8"}, {1 - 0x1p-9, "1 - 2^-9"}, {1.125, "9/8"}}},
         {"log102", "logarithms", unary<mpfr_log10>, {{0.875, "7/8"}, {1.125, "9/8"}}},
-        {"powf4", "powers", binary<mpfr_pow>, {}, Pairs::power},
-        {"pow2", "powers", binary<mpfr_pow>, {}, Pairs::power},
+        {"powf4", "powers", binary<mpfr_pow>, {one}, Pairs::power},
+        {"pow2", "powers", binary<mpfr_pow>, {one, {1 + 0x1p-11, "1 + 2^-11"}}, Pairs::power},
 
         {"asinf4", "arc sine and cosine", unary<mpfr_asin>, {half, one}},
         {"acosf4", "arc sine and cosine", unary<mpfr_acos>, {half, one}},

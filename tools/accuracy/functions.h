@@ -29,7 +29,7 @@ struct Function {
     const char* entry;
     const char* family;
     Evaluate evaluate;
-    std::vector<Edge> edges;
+    std::vector<Edge> edges; // of powers: bases next to which arguments are sought
     Pairs pairs = Pairs::none;
     bool follows_rounding = false; // the exact result depends on the rounding mode
     bool is_circular = false;      // arguments next to multiples of pi/2 are hard
