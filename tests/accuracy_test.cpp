@@ -150,19 +150,19 @@ TEST(Program, GoesOnWhereItStoppedAndMeasuresOtherQuestionsAnew)
 {
     const auto state = std::filesystem::path(testing::TempDir()) / "accuracy_test_state";
     std::filesystem::remove_all(state);
-    const std::string command = ZELK_ACCURACY " --entry floorf4 --tier A --state " + state.string();
+    const std::string command = ZELK_ACCURACY " --entry floorf4 --tier L --state " + state.string();
     const auto first = test::run(command + " --samples 500");
     ASSERT_EQ(first.status, 0) << first.err;
-    const auto kept = state / "floorf4.A.csv";
+    const auto kept = state / "floorf4.L.csv";
     ASSERT_TRUE(std::filesystem::exists(kept));
 
     // A mark in the kept rows shows whether they are used.
     std::string text = read(kept);
-    const std::size_t place = text.find("floorf4,A,");
-    text.replace(place, 10, "floorf4,A,kept");
+    const std::size_t place = text.find("floorf4,L,");
+    text.replace(place, 10, "floorf4,L,kept");
     std::ofstream(kept) << text;
-    EXPECT_NE(test::run(command + " --samples 500").out.find("floorf4,A,kept"), std::string::npos);
-    EXPECT_EQ(test::run(command + " --samples 501").out.find("floorf4,A,kept"), std::string::npos);
+    EXPECT_NE(test::run(command + " --samples 500").out.find("floorf4,L,kept"), std::string::npos);
+    EXPECT_EQ(test::run(command + " --samples 501").out.find("floorf4,L,kept"), std::string::npos);
     EXPECT_EQ(test::run(command + " --samples 500").out, first.out);
 }
 

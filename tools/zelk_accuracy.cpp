@@ -162,6 +162,7 @@ Rows survey(const Options& options)
         if (options.entries.empty() ||
             std::ranges::find(options.entries, entry.name) != options.entries.end())
             survey_entry(options, entry, rows);
+    if (rows.empty()) throw Error("no such kernels are built");
     return rows;
 }
 
