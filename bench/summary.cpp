@@ -69,30 +69,29 @@ void SummaryReporter::Finalize()
     std::vector<Column> columns = {{"entry", {}}, {"called", {}}, {"ns/element", {}},
                                    {"libm", {}},  {"ratio", {}},  {"latency", {}},
                                    {"libm", {}},  {"ratio", {}},  {"over kernel", {}}};
-    for (const Entry& entry : entries()) {
-        const std::string throughput = "throughput/" + entry.name + '/';
-        const std::string latency = "latency/" + entry.name + '/';
+    const auto add_rows = [&](const std::string& name, const std::vector<std::string>& tiers, char selected,
+                              unsigned elements_per_call) {
+        const std::string throughput = "throughput/" + name + '/';
+        const std::string latency = "latency/" + name + '/';
         const double peer_throughput = nanoseconds(throughput + "libm");
         const double peer_latency = nanoseconds(latency + "libm");
-        std::vector<std::string> variants = {"dispatcher"};
-        for (const Kernel& kernel : entry.kernels)
-            variants.emplace_back(1, kernel.tier);
+        std::vector<std::string> variants = {tiers.empty() ? "routine" : "dispatcher"};
+        variants.insert(variants.end(), tiers.begin(), tiers.end());
         for (const std::string& variant : variants) {
             const double element = nanoseconds(throughput + variant);
             const double call = nanoseconds(latency + variant);
             if (element == 0) continue;
             std::string over_kernel;
-            const std::string selected(1, selected_tier(entry.tiers, __brava_cpu_indicator));
-            const double kernel = nanoseconds(throughput + selected);
+            const double kernel = nanoseconds(throughput + std::string(1, selected));
             if (variant == "dispatcher" && kernel > 0) {
-                const double excess = (element - kernel) * elements_per_vector(entry.lanes);
+                const double excess = (element - kernel) * elements_per_call;
                 over_kernel = text("%.2f ns", excess) + text(", %.1f cycles", excess * gigahertz);
             }
             const auto ratio = [](double peer, double own) {
                 return peer > 0 ? text("%.2f", peer / own) : "-";
             };
             const auto time = [](double ns) { return ns > 0 ? text("%.2f", ns) : "-"; };
-            const std::string cells[] = {entry.name,
+            const std::string cells[] = {name,
                                          variant,
                                          time(element),
                                          time(peer_throughput),
@@ -104,6 +103,21 @@ void SummaryReporter::Finalize()
             for (std::size_t i = 0; i < columns.size(); ++i)
                 columns[i].cells.push_back(cells[i]);
         }
+    };
+    const auto tier_here = [](const std::string& tiers) {
+        return selected_tier(tiers, __brava_cpu_indicator);
+    };
+    for (const Entry& entry : entries()) {
+        std::vector<std::string> tiers;
+        for (const Kernel& kernel : entry.kernels)
+            tiers.emplace_back(1, kernel.tier);
+        add_rows(entry.name, tiers, tier_here(entry.tiers), elements_per_vector(entry.lanes));
+    }
+    for (const ScalarEntry& scalar : scalar_entries()) {
+        std::vector<std::string> tiers;
+        for (const char tier : scalar.tiers)
+            tiers.emplace_back(1, tier);
+        add_rows(scalar.name, tiers, scalar.tiers.empty() ? '-' : tier_here(scalar.tiers), 1);
     }
     print(columns);
 }

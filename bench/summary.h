@@ -1,4 +1,4 @@
-// The compact table: one line per entry and tier, the smallest time of all repetitions.
+// The compact table: one line per entry or scalar routine and tier, the smallest time of all repetitions.
 #pragma once
 
 #include <benchmark/benchmark.h>

@@ -1,9 +1,10 @@
-// zelk-bench: the speed of every entry and kernel beside the scalar library, in one run.
+// zelk-bench: the speed of every entry, kernel and scalar routine beside the scalar library, in one run.
 //
 // usage: zelk-bench [--summary] [--benchmark_OPTION]... [ENTRY]...
 //
 // --summary prints a compact table; give it --benchmark_repetitions=50
 // --benchmark_enable_random_interleaving=true.
+#include "scalar_workloads.h"
 #include "summary.h"
 #include "vector_loops.h"
 #include "workloads.h"
@@ -43,37 +44,39 @@ std::int64_t suitable_iterations(Run run)
 }
 
 // `items` is what one run of the loop counts as: elements for throughput, calls for latency.
-template <class Run>
-void add(const std::string& name, const Workload& workload, Lanes lanes, std::size_t items, Run run)
+template <class Fill, class Run>
+void add(const std::string& name, Fill fill_arrays, std::size_t items, Run run)
 {
     const auto benchmark = benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& state) {
-        fill(arrays, workload, lanes);
+        fill_arrays();
         for ([[maybe_unused]] const auto iteration : state) {
             run(arrays);
             benchmark::ClobberMemory();
         }
         state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(items));
     });
-    fill(arrays, workload, lanes);
+    fill_arrays();
     if (summary) benchmark->Iterations(suitable_iterations(run));
 }
 
 void add_function(const Entry& entry, const std::string& variant, const void* function,
                   const Workload& workload)
 {
+    const auto fill_arrays = [=, lanes = entry.lanes] { fill(arrays, workload, lanes); };
     const VectorLoops loops = vector_loops_of(entry);
-    add("throughput/" + entry.name + '/' + variant, workload, entry.lanes,
-        vectors * elements_per_vector(entry.lanes), [=](Arrays& a) { loops.throughput(function, a); });
-    add("latency/" + entry.name + '/' + variant, workload, entry.lanes, vectors,
+    add("throughput/" + entry.name + '/' + variant, fill_arrays, vectors * elements_per_vector(entry.lanes),
+        [=](Arrays& a) { loops.throughput(function, a); });
+    add("latency/" + entry.name + '/' + variant, fill_arrays, vectors,
         [=](Arrays& a) { loops.latency(function, a); });
 }
 
 void add_peer(const Entry& entry, const Workload& workload)
 {
     if (!workload.peer.throughput) return;
+    const auto fill_arrays = [=, lanes = entry.lanes] { fill(arrays, workload, lanes); };
     const std::size_t elements = vectors * elements_per_vector(entry.lanes);
-    add("throughput/" + entry.name + "/libm", workload, entry.lanes, elements, workload.peer.throughput);
-    add("latency/" + entry.name + "/libm", workload, entry.lanes, elements, workload.peer.latency);
+    add("throughput/" + entry.name + "/libm", fill_arrays, elements, workload.peer.throughput);
+    add("latency/" + entry.name + "/libm", fill_arrays, elements, workload.peer.latency);
 }
 
 // False if the table of workloads lacks the entry.
@@ -91,6 +94,22 @@ bool add_entry(const Entry& entry)
     return true;
 }
 
+void add_scalar(const ScalarEntry& scalar)
+{
+    const auto workload = find_scalar_workload(scalar.name);
+    if (!workload) return;
+    const std::string prefix = "throughput/" + scalar.name + '/';
+    const auto fill_arrays = [=] { workload->fill(arrays, workload->x, workload->y); };
+    const auto add_routine = [&](const std::string& variant, const void* routine) {
+        add(prefix + variant, fill_arrays, workload->calls,
+            [=](Arrays& a) { workload->throughput(routine, a); });
+    };
+    add_routine(scalar.tiers.empty() ? "routine" : "dispatcher", exported(scalar.name));
+    for (const char tier : scalar.tiers)
+        add_routine(std::string(1, tier), exported(scalar.name + '.' + tier));
+    if (workload->peer) add(prefix + "libm", fill_arrays, workload->calls, workload->peer);
+}
+
 } // namespace
 
 } // namespace zelk::bench
@@ -103,7 +122,8 @@ int main(int argc, char** argv)
     for (const std::string_view word : std::span(argv, static_cast<std::size_t>(argc)).subspan(1)) {
         if (word == "--summary") {
             bench::summary = true;
-        } else if (std::ranges::find(entries(), word, &Entry::name) != entries().end()) {
+        } else if (std::ranges::find(entries(), word, &Entry::name) != entries().end() ||
+                   std::ranges::find(scalar_entries(), word, &ScalarEntry::name) != scalar_entries().end()) {
             wanted.push_back(word);
         } else {
             std::fprintf(stderr, "zelk-bench: '%.*s' is no option and no entry of the library\n",
@@ -112,9 +132,13 @@ int main(int argc, char** argv)
         }
     }
     bool complete = true;
+    const auto is_wanted = [&](const std::string& name) {
+        return wanted.empty() || std::ranges::find(wanted, name) != wanted.end();
+    };
     for (const Entry& entry : entries())
-        if (wanted.empty() || std::ranges::find(wanted, entry.name) != wanted.end())
-            complete = bench::add_entry(entry) && complete;
+        if (is_wanted(entry.name)) complete = bench::add_entry(entry) && complete;
+    for (const ScalarEntry& scalar : scalar_entries())
+        if (is_wanted(scalar.name)) bench::add_scalar(scalar);
     if (!complete) return 1;
 
     bench::SummaryReporter reporter;

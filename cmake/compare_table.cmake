@@ -1,7 +1,10 @@
-# Runs a table generator and compares what it prints with the committed table.
+# Runs a generator and compares what it prints with the committed file; with -D write=ON, writes that file.
 execute_process(COMMAND ${generator} ${argument} OUTPUT_VARIABLE generated RESULT_VARIABLE status)
 if(NOT status EQUAL 0)
     message(FATAL_ERROR "${generator} failed: ${status}")
+endif()
+if(write)
+    file(WRITE ${committed} "${generated}")
 endif()
 file(READ ${committed} expected)
 if(NOT generated STREQUAL expected)

@@ -10,8 +10,10 @@ foreach(library brava brava_static)
     target_include_directories(${library} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/runtime>)
     set_target_properties(${library} PROPERTIES LINKER_LANGUAGE CXX)
 endforeach()
-target_link_options(brava PRIVATE -nostdlib -Wl,-z,defs)
-set_target_properties(brava PROPERTIES VERSION 1.0.0 SOVERSION 1)
+target_link_options(brava PRIVATE -nostdlib -Wl,-z,defs -Wl,-z,noexecstack
+                                  -Wl,--version-script=${PROJECT_SOURCE_DIR}/runtime/brava.map)
+set_target_properties(brava PROPERTIES VERSION 1.0.0 SOVERSION 1
+                                       LINK_DEPENDS ${PROJECT_SOURCE_DIR}/runtime/brava.map)
 
 # What every object of libzelk is compiled with. The floating-point flags are part of the library's contract:
 # the caller's rounding mode and every exception flag count.

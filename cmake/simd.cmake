@@ -21,8 +21,10 @@ endforeach()
 
 add_library(zelk_simd SHARED ${simd_objects})
 target_link_libraries(zelk_simd PUBLIC zelk)
-target_link_options(zelk_simd PRIVATE -nostdlib -Wl,-z,defs -Wl,-z,noexecstack)
-set_target_properties(zelk_simd PROPERTIES VERSION 1.0.0 SOVERSION 1)
+target_link_options(zelk_simd PRIVATE -nostdlib -Wl,-z,defs -Wl,-z,noexecstack
+                                      -Wl,--version-script=${PROJECT_SOURCE_DIR}/simd/zelk_simd.map)
+set_target_properties(zelk_simd PROPERTIES VERSION 1.0.0 SOVERSION 1
+                                           LINK_DEPENDS ${PROJECT_SOURCE_DIR}/simd/zelk_simd.map)
 add_library(zelk_simd_static STATIC ${simd_objects})
 target_link_libraries(zelk_simd_static PUBLIC zelk_static)
 set_target_properties(zelk_simd zelk_simd_static PROPERTIES LINKER_LANGUAGE CXX)

@@ -43,3 +43,5 @@ minutes=$(((SECONDS - started + 59) / 60))
 if [ "$target" = x86_64 ] && command -v gnuplot >/dev/null; then
     scripts/plot_accuracy.sh "$state" "$results"
 fi
+# The reference pages quote the figures.
+cmake --build --preset "$target" --target reference-pages >&2

@@ -19,11 +19,14 @@ std::vector<std::complex<T>> comparable(std::size_t count)
     return all_quadrants<T>(sample_interval(T(0x1p-20), T(4), count, 1),
                             sample_interval(T(0x1p-20), T(4), count, 2));
 }
+// Not near one.
 template <class T>
 std::vector<std::complex<T>> any_size(std::size_t count, T smallest)
 {
-    return all_quadrants<T>(sample_patterns(smallest, Limits<T>::max(), count, 3),
-                            sample_patterns(smallest, Limits<T>::max(), count, 4));
+    auto list = all_quadrants<T>(sample_patterns(smallest, Limits<T>::max(), count, 3),
+                                 sample_patterns(smallest, Limits<T>::max(), count, 4));
+    std::erase_if(list, [](const std::complex<T>& z) { return std::fabs(std::abs(z) - 1) < T(0.02); });
+    return list;
 }
 // Numbers as near to the unit circle as their format has them, all around it and close to the axes, and their
 // neighbours: |z|^2 - 1 cancels to the last bit.
@@ -94,14 +97,18 @@ std::vector<std::complex<float>> below_powers_of_two(std::size_t count)
         const double quotient = std::array{0.5463, 0.2553, 0.12565, 0.06258}[i % 4];
         list.emplace_back(xs[i], static_cast<float>(xs[i] * quotient * shrinking[i]));
     }
+    // The largest errors of the polynomial, with quotients that are rounded by half an ulp to the same side.
+    list.emplace_back(0x1.1de9bep0f, 0x1.2a85e4p-1f);
+    list.emplace_back(0x1.bf8f5cp0f, 0x1.d34c9cp-1f);
+    list.emplace_back(0x1.afcc58p0f, 0x1.c2d7a2p-1f);
     return list;
 }
 
 TEST(Clog, VectorError)
 {
     const auto& kernels = entry("clogf2").kernels;
-    expect_errors<float>(kernels, {0.51, 0.842, 2.45}, 1500, Limits<float>::denorm_min());
-    expect_errors_within(0.842, 2.45, worst_errors(kernels, below_powers_of_two(8000), mpc_log),
+    expect_errors<float>(kernels, {0.51, 0.842, 2.53}, 1500, Limits<float>::denorm_min());
+    expect_errors_within(0.842, 2.53, worst_errors(kernels, below_powers_of_two(8000), mpc_log),
                          "angles below powers of two");
 }
 

@@ -12,13 +12,15 @@
  * A kernel is the function for one instruction-set tier, for callers that know their processor. Its exported
  * name ends in a point and the tier letter, which C cannot write: __zelk_sinf4_L is the exported
  * __zelk_sinf4.L. x86-64 has the tiers A (SSE2) and L (SSE3), 32-bit x86 besides J (SSE2) and N (SSE4.1). A
- * kernel above what the processor offers traps.
+ * kernel above what the processor offers traps. Scalar routines with tiers have A and L on x86-64, A and J on
+ * 32-bit x86: acos_scalar_A is the exported acos_scalar.A.
  *
  * One line per function here; the functions themselves are declared and described in the headers of their
  * families. */
 #ifndef ZELK_ENTRIES_H
 #define ZELK_ENTRIES_H
 
+#include "zelk/complex.h"
 #include "zelk/types.h"
 
 ZELK_BEGIN_DECLARATIONS
@@ -78,7 +80,7 @@ ZELK_BEGIN_DECLARATIONS
     zelk_##lanes symbol##Mask ZELK_MASKED_POINTER_ARGUMENTS_##n(zelk_##lanes);                               \
     ZELK_KERNELS_##lanes(symbol, ZELK_POINTER_ARGUMENTS_##n(zelk_##lanes))
 
-/* Lines in comments are functions still to be written. The final 2 of a double2 name is the number of lanes:
+/* The final 2 of a double2 name is the number of lanes:
  * __zelk_exp2 is e^x, __zelk_log2 is ln x, __zelk_atan2 is the arc tangent of one argument. */
 
 /* Sine and cosine. */
@@ -213,6 +215,27 @@ ZELK_FUNCTION(1, cfloat2, __zelk_csqrtf2)
 ZELK_FUNCTION(1, cfloat2, __zelk_ctanf2)
 ZELK_FUNCTION(1, cfloat2, __zelk_ctanhf2)
 
+/* Scalar routines with tiers: their kernels. clogf_scalar has them on 32-bit x86 alone. */
+#if defined(__x86_64__)
+#define ZELK_SCALAR_KERNELS(T, name, arguments)                                                              \
+    ZELK_KERNEL(T, name, A, arguments)                                                                       \
+    ZELK_KERNEL(T, name, L, arguments)
+#else
+#define ZELK_SCALAR_KERNELS(T, name, arguments)                                                              \
+    ZELK_KERNEL(T, name, A, arguments)                                                                       \
+    ZELK_KERNEL(T, name, J, arguments)
+#endif
+ZELK_SCALAR_KERNELS(double, acos_scalar, (double x))
+ZELK_SCALAR_KERNELS(double, atan2_scalar, (double y, double x))
+ZELK_SCALAR_KERNELS(double, log_scalar, (double x))
+ZELK_SCALAR_KERNELS(double, log1p_scalar, (double x))
+ZELK_SCALAR_KERNELS(zelk_complex_float, cexpf_scalar, (zelk_complex_float z))
+ZELK_SCALAR_KERNELS(zelk_complex_float, csqrtf_scalar, (zelk_complex_float z))
+#if !defined(__x86_64__)
+ZELK_SCALAR_KERNELS(zelk_complex_float, clogf_scalar, (zelk_complex_float z))
+#endif
+
+#undef ZELK_SCALAR_KERNELS
 #undef ZELK_FUNCTION
 #undef ZELK_ALIASED
 #undef ZELK_STORING

@@ -70,13 +70,14 @@ zelk_double2 __zelk_cbrt2(zelk_double2 x);
  * NaN with all bits set and raises nothing. Method: as __zelk_cbrt2. */
 zelk_double2 __zelk_invcbrt2(zelk_double2 x);
 
-/* Error functions: erf x = 2/sqrt(pi) times the integral of e^(-t^2) from 0 to x, erfc x = 1 - erf x. The tiers
- * give the same bits. */
+/* Error functions: erf x = 2/sqrt(pi) times the integral of e^(-t^2) from 0 to x, erfc x = 1 - erf x. The
+ * tiers give the same bits. */
 
 /* erf x on four binary32 lanes, any x.
  * Error: 0.62 ulp; 1.48 ulp for 2 <= |x| < 2.75.
  * Special: zeros give themselves; |x| >= 4, infinities included, gives +-1 without a flag; a NaN gives the
- * quieted NaN, a signalling one raises invalid. Method: a cubic in |x| per sixteenth of a binade, in binary64. */
+ * quieted NaN, a signalling one raises invalid. Method: a cubic in |x| per sixteenth of a binade, in
+ * binary64. */
 zelk_float4 __zelk_erff4(zelk_float4 x);
 
 /* erf x on two binary64 lanes, any x.

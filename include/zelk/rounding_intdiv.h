@@ -41,7 +41,7 @@ zelk_double2 __zelk_rint2(zelk_double2 x);
 zelk_float4 __zelk_nearbyintf4(zelk_float4 x);
 zelk_double2 __zelk_nearbyint2(zelk_double2 x);
 
-/* Integer division of four 32-bit lanes, dividend a by divisor b, exact in every tier and rounding mode. The
+/* Integer division: four 32-bit lanes, dividend a by divisor b, exact in every tier and rounding mode. The
  * quotient is truncated toward zero; a = quotient * b + remainder, and the remainder has the sign of the
  * dividend. Lanes without a quotient do no harm: nothing traps and other lanes are not touched. There
  *   - signed, b = 0: quotient -2^31, remainder a;

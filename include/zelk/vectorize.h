@@ -34,7 +34,7 @@ ZELK_BEGIN_DECLARATIONS
     ZELK_VECTOR_FORMS float zelk_##name##f(float x, float y);                                                \
     ZELK_VECTOR_FORMS double zelk_##name(double x, double y);
 
-/* One line for zelk_<name>f and zelk_<name>; lines in comments are functions still to be written. */
+/* One line for zelk_<name>f and zelk_<name>. */
 ZELK_VECTORIZED(1, sin)
 ZELK_VECTORIZED(1, cos)
 ZELK_VECTORIZED(1, tan)

@@ -5,6 +5,7 @@
 //     auto [s, c] = zelk::sincos(x);
 //     zelk::float4 l = zelk::log(x, mask);            // active lanes only
 //     zelk::apply(zelk::sin, input, output);          // contiguous ranges of any length
+//     zelk::cfloat2 e = zelk::exp(z);                 // two complex numbers: exp, log, sqrt, acos
 //
 // Every function takes the lane vectors and, as a last argument, an optional lane mask; what it computes,
 // errors and special arguments stand with the C declaration it names. Names here go by the mathematics, not
@@ -14,6 +15,7 @@
 
 #include "zelk/zelk.h"
 
+#include <complex>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -24,6 +26,10 @@ namespace zelk {
 
 using float4 = zelk_float4;
 using double2 = zelk_double2;
+// Two complex numbers; as an intrinsic type the same as four floats.
+struct cfloat2 {
+    zelk_cfloat2 v;
+};
 // Signed and unsigned lanes share one intrinsic type; these tell them apart.
 struct int4 {
     zelk_int4 v;
@@ -57,6 +63,14 @@ struct Unary {
     double2 operator()(double2 x) const noexcept { return d2(x); }
     float4 operator()(float4 x, float4 mask) const noexcept { return f4_mask(x, mask); }
     double2 operator()(double2 x, double2 mask) const noexcept { return d2_mask(x, mask); }
+};
+
+// A function of complex numbers too, with a mask of four lanes: real and imaginary parts separately.
+template <class Real, zelk_cfloat2 (*c2)(zelk_cfloat2), zelk_cfloat2 (*c2_mask)(zelk_cfloat2, float4)>
+struct UnaryComplex : Real {
+    using Real::operator();
+    cfloat2 operator()(cfloat2 z) const noexcept { return {c2(z.v)}; }
+    cfloat2 operator()(cfloat2 z, float4 mask) const noexcept { return {c2_mask(z.v, mask)}; }
 };
 
 template <float4 (*f4)(float4, float4), float4 (*f4_mask)(float4, float4, float4),
@@ -152,16 +166,19 @@ inline constexpr detail::Unary<__zelk_tanf4, __zelk_tanf4_mask, __zelk_tan2, __z
 // The sine first, then the cosine.
 inline constexpr detail::SinCos sincos{};
 
-inline constexpr detail::Unary<__zelk_expf4, __zelk_expf4_mask, __zelk_exp2, __zelk_exp2_mask> exp{};
+inline constexpr detail::UnaryComplex<detail::Unary<__zelk_expf4, __zelk_expf4_mask, __zelk_exp2, __zelk_exp2_mask>,
+                                      __zelk_cexpf2, __zelk_cexpf2_mask> exp{};
 inline constexpr detail::Unary<__zelk_exp2f4, __zelk_exp2f4_mask, __zelk_exp22, __zelk_exp22_mask> exp2{};
-inline constexpr detail::Unary<__zelk_logf4, __zelk_logf4_mask, __zelk_log2, __zelk_log2_mask> log{};
+inline constexpr detail::UnaryComplex<detail::Unary<__zelk_logf4, __zelk_logf4_mask, __zelk_log2, __zelk_log2_mask>,
+                                      __zelk_clogf2, __zelk_clogf2_mask> log{};
 inline constexpr detail::Unary<__zelk_log2f4, __zelk_log2f4_mask, __zelk_log22, __zelk_log22_mask> log2{};
 inline constexpr detail::Unary<__zelk_log10f4, __zelk_log10f4_mask, __zelk_log102, __zelk_log102_mask> log10{};
 // pow(base, exponent)
 inline constexpr detail::Binary<__zelk_powf4, __zelk_powf4_mask, __zelk_pow2, __zelk_pow2_mask> pow{};
 
 inline constexpr detail::Unary<__zelk_asinf4, __zelk_asinf4_mask, __zelk_asin2, __zelk_asin2_mask> asin{};
-inline constexpr detail::Unary<__zelk_acosf4, __zelk_acosf4_mask, __zelk_acos2, __zelk_acos2_mask> acos{};
+inline constexpr detail::UnaryComplex<detail::Unary<__zelk_acosf4, __zelk_acosf4_mask, __zelk_acos2, __zelk_acos2_mask>,
+                                      __zelk_cacosf2, __zelk_cacosf2_mask> acos{};
 inline constexpr detail::Unary<__zelk_atanf4, __zelk_atanf4_mask, __zelk_atan2, __zelk_atan2_mask> atan{};
 // atan2(y, x)
 inline constexpr detail::Binary<__zelk_atan2f4, __zelk_atan2f4_mask, __zelk_atan22, __zelk_atan22_mask> atan2{};
@@ -173,7 +190,8 @@ inline constexpr detail::Unary<__zelk_asinhf4, __zelk_asinhf4_mask, __zelk_asinh
 inline constexpr detail::Unary<__zelk_acoshf4, __zelk_acoshf4_mask, __zelk_acosh2, __zelk_acosh2_mask> acosh{};
 inline constexpr detail::Unary<__zelk_atanhf4, __zelk_atanhf4_mask, __zelk_atanh2, __zelk_atanh2_mask> atanh{};
 
-inline constexpr detail::Unary<__zelk_sqrtf4, __zelk_sqrtf4_mask, __zelk_sqrt2, __zelk_sqrt2_mask> sqrt{};
+inline constexpr detail::UnaryComplex<detail::Unary<__zelk_sqrtf4, __zelk_sqrtf4_mask, __zelk_sqrt2, __zelk_sqrt2_mask>,
+                                      __zelk_csqrtf2, __zelk_csqrtf2_mask> sqrt{};
 inline constexpr detail::Unary<__zelk_cbrtf4, __zelk_cbrtf4_mask, __zelk_cbrt2, __zelk_cbrt2_mask> cbrt{};
 // Reciprocals of the square root and of the cube root.
 inline constexpr detail::Unary<__zelk_invsqrtf4, __zelk_invsqrtf4_mask, __zelk_invsqrt2, __zelk_invsqrt2_mask> invsqrt{};
@@ -227,6 +245,19 @@ struct LanesOf<double> {
     static double2 load(const double* p) noexcept { return _mm_loadu_pd(p); }
     static void store(double* p, double2 v) noexcept { _mm_storeu_pd(p, v); }
     static double2 mask(__m128i lanes) noexcept { return _mm_castsi128_pd(lanes); }
+};
+template <>
+struct LanesOf<std::complex<float>> {
+    static constexpr std::size_t count = 2;
+    static cfloat2 load(const std::complex<float>* p) noexcept
+    {
+        return {_mm_loadu_ps(reinterpret_cast<const float*>(p))};
+    }
+    static void store(std::complex<float>* p, cfloat2 v) noexcept
+    {
+        _mm_storeu_ps(reinterpret_cast<float*>(p), v.v);
+    }
+    static float4 mask(__m128i lanes) noexcept { return _mm_castsi128_ps(lanes); }
 };
 template <>
 struct LanesOf<std::int32_t> {
@@ -325,11 +356,11 @@ std::size_t shortest(const Ranges&... ranges) noexcept
 } // namespace detail
 
 // Applies a function of this header to contiguous ranges (anything with std::data and std::size) of float,
-// double, std::int32_t or std::uint32_t, all of one type: first the arguments, then the results. As many
-// elements are computed as the shortest range has. Ranges may have any alignment; a result may be the same
-// range as an argument, but may not overlap one otherwise. The last elements, where they fill no vector, go
-// through the masked entry: nothing beyond the end is read or written, and they raise no exception but their
-// own.
+// double, std::complex<float>, std::int32_t or std::uint32_t, all of one type: first the arguments, then the
+// results. As many elements are computed as the shortest range has. Ranges may have any alignment; a result
+// may be the same range as an argument, but may not overlap one otherwise. The last elements, where they fill
+// no vector, go through the masked entry: nothing beyond the end is read or written, and they raise no
+// exception but their own.
 template <class F, class In, class Out>
 void apply(F f, const In& in, Out&& out) noexcept
 {

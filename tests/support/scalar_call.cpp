@@ -55,6 +55,21 @@ Argument Argument::of_bits(std::uint64_t bits)
     return result;
 }
 
+Argument argument_of(const ScalarKernel& kernel, const Bits80& x, const Bits80& imaginary)
+{
+    Argument result(x);
+    const char kind = kernel.signature[2];
+    if (kind == 'd' || kind == 'z') {
+        result.narrow = Argument(static_cast<double>(number(x))).narrow;
+        result.imaginary = Argument(static_cast<double>(number(imaginary))).narrow;
+    }
+    if (kind == 'f' || kind == 'c') {
+        result.narrow = Argument(static_cast<float>(number(x))).narrow;
+        result.imaginary = Argument(static_cast<float>(number(imaginary))).narrow;
+    }
+    return result;
+}
+
 double ScalarResult::value_d() const
 {
     return std::bit_cast<double>(narrow);

@@ -91,6 +91,9 @@ struct Argument {
     std::uint64_t imaginary = 0; // z and c
 };
 
+// A routine's argument in its own format; the imaginary part counts for z and c.
+Argument argument_of(const ScalarKernel& kernel, const Bits80& x, const Bits80& imaginary = {});
+
 struct Environment {
     Rounding rounding = Rounding::nearest;
     unsigned precision = 64;  // x87 significand bits: 64, 53 or 24
