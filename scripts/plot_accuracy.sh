@@ -16,7 +16,7 @@ range_of() {
 while IFS=$'\t' read -r file title entries; do
     panels=()
     for entry in $entries; do
-        [ -e "$state/$entry.A.curve" ] || [ -e "$state/$entry.L.curve" ] && panels+=("$entry")
+        grep -q -v ' 0.0000$' "$state/$entry".*.curve 2>/dev/null && panels+=("$entry")
     done
     [ ${#panels[@]} -gt 0 ] || continue
     columns=2

@@ -140,7 +140,10 @@ void survey_entry(const Options& options, const Entry& entry, Rows& rows)
             missing.push_back(kernel);
     if (!missing.empty()) {
         const int refinements = is_exhaustive(options, entry) ? 0 : options.amount.refinements;
-        const auto arguments = survey_arguments(entry, *function, options.amount);
+        // What all arguments show needs no neighbours; the sample is for the directed modes.
+        Amount amount = options.amount;
+        if (is_exhaustive(options, entry)) amount.radius = std::min(amount.radius, 1024);
+        const auto arguments = survey_arguments(entry, *function, amount);
         auto surveys =
             measure(entry, *function, missing, arguments, refinements, options.threads, show_progress);
         if (is_exhaustive(options, entry))
@@ -196,8 +199,12 @@ void check(const std::string& name, const Rows& rows)
         const auto is_larger = [&](std::size_t column) {
             return row[column] != "-" && std::stod(row[column]) > std::stod((*same)[column]) * 1.01 + 0.001;
         };
+        // Errors of many ulp in a directed mode are those next to a zero of the function, and no two samples'
+        // the same.
+        constexpr double most_that_counts = 16;
         for (const std::size_t column : {column_max_ulp, column_down, column_up, column_zero})
-            if (is_larger(column))
+            if (is_larger(column) &&
+                (column == column_max_ulp || std::stod((*same)[column]) < most_that_counts))
                 failures +=
                     what + headings()[column] + ' ' + row[column] + ", published " + (*same)[column] + '\n';
         if (row[column_wrong] != "0" && (*same)[column_wrong] == "0")
