@@ -222,46 +222,66 @@ bool RunOracle::interpolate(std::uint32_t first, std::size_t count, Value* out) 
     return true;
 }
 
-// x = start + i step: the start by MPFR for every 64th argument, i step for 64 of them once for a run, as all
-// arguments of a run have the same ulp.
+namespace {
+
+template <class T>
+struct Point {
+    T sine;
+    T cosine;
+};
+template <class T>
+Point<T> rotated(const Point<T>& a, const Point<T>& b)
+{
+    return {a.sine * b.cosine + a.cosine * b.sine, a.cosine * b.cosine - a.sine * b.sine};
+}
+
+Point<long double> sine_and_cosine_of(double x)
+{
+    thread_local Exact argument(53);
+    thread_local Exact sine(72);
+    thread_local Exact cosine(72);
+    mpfr_set_d(argument.value, x, MPFR_RNDN);
+    mpfr_sin_cos(sine.value, cosine.value, argument.value, MPFR_RNDN);
+    return {mpfr_get_ld(sine.value, MPFR_RNDN), mpfr_get_ld(cosine.value, MPFR_RNDN)};
+}
+
+} // namespace
+
+// x = start + (64 i + j) ulp: the start by MPFR for every 4096th argument, the steps by 64 and by 1 once for
+// a run, as all arguments of a run have the same ulp. The steps by 64 are taken in 64 bits, those by 1 in 53.
 bool RunOracle::step_from_start(std::uint32_t first, std::size_t count, Value* out) const
 {
     constexpr std::size_t steps = 64;
     if (count < steps || !std::isfinite(number_of(first))) return false;
-    thread_local Exact x(53);
-    thread_local Exact sine(60);
-    thread_local Exact cosine(60);
-    struct Point {
-        double sine;
-        double cosine;
-    };
-    thread_local Point step[steps];
+    thread_local Point<double> fine[steps];
+    thread_local Point<long double> coarse[steps];
     thread_local double known_ulp = 0;
-    const auto at = [&](double argument) {
-        mpfr_set_d(x.value, argument, MPFR_RNDN);
-        mpfr_sin_cos(sine.value, cosine.value, x.value, MPFR_RNDN);
-        return Point{mpfr_get_d(sine.value, MPFR_RNDN), mpfr_get_d(cosine.value, MPFR_RNDN)};
-    };
     const double ulp = number_of(first + 1) - number_of(first);
     if (ulp != known_ulp) {
-        for (std::size_t i = 0; i < steps; ++i)
-            step[i] = at(static_cast<double>(i) * ulp);
+        for (std::size_t i = 0; i < steps; ++i) {
+            const auto [s, c] = sine_and_cosine_of(static_cast<double>(i) * ulp);
+            fine[i] = {static_cast<double>(s), static_cast<double>(c)};
+            coarse[i] = sine_and_cosine_of(static_cast<double>(i * steps) * ulp);
+        }
         known_ulp = ulp;
     }
     const bool is_tangent = std::string_view(function_.family) == "tangent";
     const std::string_view name = function_.entry;
     const bool is_cosine = name.starts_with("cos") || which_ == 1;
+    Point<long double> start{};
     for (std::size_t i = 0; i < count; i += steps) {
-        const Point start = at(number_of(first + static_cast<std::uint32_t>(i)));
+        const std::size_t turn = i / steps % steps;
+        if (turn == 0) start = sine_and_cosine_of(number_of(first + static_cast<std::uint32_t>(i)));
+        const Point<long double> near = rotated(start, coarse[turn]);
+        const Point<double> near_double{static_cast<double>(near.sine), static_cast<double>(near.cosine)};
         for (std::size_t j = 0; j < steps; ++j) {
-            const double s = start.sine * step[j].cosine + start.cosine * step[j].sine;
-            const double c = start.cosine * step[j].cosine - start.sine * step[j].sine;
+            const auto [s, c] = rotated(near_double, fine[j]);
             if (is_tangent) {
                 // The margin of the sum is two to four units of 2^-53, of the quotient that and the same of
                 // both.
                 const double t = s / c;
-                out[i + j] = {t, std::fabs(c) < 0x1p-20 ? undecided
-                                                        : 0x1p-50 * (1 + std::fabs(t)) / std::fabs(c)};
+                const double margin = 0x1p-50 * (1 + std::fabs(t)) / std::fabs(c);
+                out[i + j] = {t, std::fabs(c) < 0x1p-20 ? undecided : margin};
             } else {
                 out[i + j] = {is_cosine ? c : s, 0x1p-50};
             }
