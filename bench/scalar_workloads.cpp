@@ -1,180 +1,143 @@
 #include "scalar_workloads.h"
 
-#include <cmath>
-#include <complex>
-#include <random>
-#include <utility>
+#include <complex.h>
 
-#include "zelk/complex.h"
+#include <cmath>
+#include <cstdint>
+#include <random>
 
 namespace zelk::bench {
 
 namespace {
 
-// C's complex numbers, which the routines take; C++ has its own functions for its own.
-template <class T>
-struct Types {
-    using Peer = T;
-    using Part = T;
-};
-template <>
-struct Types<zelk_complex_float> {
-    using Peer = std::complex<float>;
-    using Part = float;
-};
-template <>
-struct Types<zelk_complex_double> {
-    using Peer = std::complex<double>;
-    using Part = double;
-};
+__extension__ typedef float _Complex ComplexFloat;
+__extension__ typedef double _Complex ComplexDouble;
 
 template <class T>
-void fill_with(Arrays& arrays, Range x, Range y)
+void unary_loop(const void* function, const Arrays& arrays)
 {
-    using Part = typename Types<T>::Part;
-    std::mt19937 generator(1); // always the same arguments
-    for (const auto& [block, range] : {std::pair(&arrays.x, x), std::pair(&arrays.y, y)}) {
-        std::uniform_real_distribution<double> uniform(range.low, range.high);
-        for (std::size_t i = 0; i < Block::count<Part>; ++i)
-            block->template as<Part>()[i] = static_cast<Part>(uniform(generator));
-    }
+    const auto call = reinterpret_cast<T (*)(T)>(reinterpret_cast<std::uintptr_t>(function));
+    for (std::size_t i = 0; i < arrays.count<T>(); ++i)
+        static_cast<T*>(arrays.first)[i] = call(static_cast<const T*>(arrays.x)[i]);
 }
 
-struct Row {
-    std::string_view name;
-    ScalarWorkload workload;
-};
-
-template <class Signature>
-Signature* routine_at(const void* address)
+template <class T>
+void binary_loop(const void* function, const Arrays& arrays)
 {
-    return reinterpret_cast<Signature*>(reinterpret_cast<std::uintptr_t>(address));
+    const auto call = reinterpret_cast<T (*)(T, T)>(reinterpret_cast<std::uintptr_t>(function));
+    for (std::size_t i = 0; i < arrays.count<T>(); ++i)
+        static_cast<T*>(arrays.first)[i] =
+            call(static_cast<const T*>(arrays.x)[i], static_cast<const T*>(arrays.y)[i]);
 }
 
-// The peer is a stateless callable.
-template <class T, class Function>
-constexpr Row unary(std::string_view name, Range x, Function)
-{
-    const auto own = [](const void* routine, Arrays& arrays) {
-        for (std::size_t i = 0; i < Block::count<T>; ++i)
-            arrays.first.as<T>()[i] = routine_at<T(T)>(routine)(arrays.x.as<T>()[i]);
-    };
-    const auto peer = [](Arrays& arrays) {
-        using P = typename Types<T>::Peer;
-        for (std::size_t i = 0; i < Block::count<P>; ++i)
-            arrays.first.as<P>()[i] = Function{}(arrays.x.as<P>()[i]);
-    };
-    return {name, {Block::count<T>, fill_with<T>, own, peer, x, {}}};
-}
-
-template <class T, class Function>
-constexpr Row binary(std::string_view name, Range x, Range y, Function)
-{
-    const auto own = [](const void* routine, Arrays& arrays) {
-        for (std::size_t i = 0; i < Block::count<T>; ++i)
-            arrays.first.as<T>()[i] = routine_at<T(T, T)>(routine)(arrays.x.as<T>()[i], arrays.y.as<T>()[i]);
-    };
-    const auto peer = [](Arrays& arrays) {
-        for (std::size_t i = 0; i < Block::count<T>; ++i)
-            arrays.first.as<T>()[i] = Function{}(arrays.x.as<T>()[i], arrays.y.as<T>()[i]);
-    };
-    return {name, {Block::count<T>, fill_with<T>, own, peer, x, y}};
-}
-
-// Two results through pointers; the routine and the peer get the element of x and where to store them.
-template <class Own, class Function>
-constexpr Row two_results(std::string_view name, Range x, Own, Function)
+// Both results through pointers.
+void sine_cosine_loop(const void* function, const Arrays& arrays)
 {
     using T = long double;
-    const auto own = [](const void* routine, Arrays& arrays) {
-        for (std::size_t i = 0; i < Block::count<T>; ++i)
-            Own{}(routine, arrays.x.as<T>()[i], arrays.first.as<T>() + i, arrays.second.as<T>() + i);
-    };
-    const auto peer = [](Arrays& arrays) {
-        for (std::size_t i = 0; i < Block::count<T>; ++i)
-            Function{}(arrays.x.as<T>()[i], arrays.first.as<T>() + i, arrays.second.as<T>() + i);
-    };
-    return {name, {Block::count<T>, fill_with<T>, own, peer, x, {}}};
+    const auto call = reinterpret_cast<void (*)(T, T*, T*)>(reinterpret_cast<std::uintptr_t>(function));
+    for (std::size_t i = 0; i < arrays.count<T>(); ++i)
+        call(static_cast<const T*>(arrays.x)[i], static_cast<T*>(arrays.first) + i,
+             static_cast<T*>(arrays.second) + i);
 }
-
-constexpr Row without_peer(Row row)
+void sinh_cosh_loop(const void* function, const Arrays& arrays)
 {
-    row.workload.peer = nullptr;
-    return row;
+    using T = long double;
+    const auto call = reinterpret_cast<void (*)(T*, T*, T)>(reinterpret_cast<std::uintptr_t>(function));
+    for (std::size_t i = 0; i < arrays.count<T>(); ++i)
+        call(static_cast<T*>(arrays.first) + i, static_cast<T*>(arrays.second) + i,
+             static_cast<const T*>(arrays.x)[i]);
+}
+void sinh_and_cosh(long double* sine, long double* cosine, long double x)
+{
+    *sine = std::sinh(x);
+    *cosine = std::cosh(x);
 }
 
-constexpr Range unit{-0.99, 0.99};
-constexpr Range turns{-10, 10};
-constexpr Range degrees{-600, 600};
-constexpr Range positive{0.001, 1000};
-constexpr Range plane{-4, 4};
-constexpr auto sum = [](auto x, auto y) { return x + y; };
-constexpr auto same = [](auto x) { return x; };
+template <class Real, int low, int high>
+bool fill_reals(void* x, void* y, std::size_t bytes)
+{
+    std::mt19937 generator(1); // always the same arguments
+    // In hundredths; off the integers, where some functions are simpler.
+    std::uniform_real_distribution<double> uniform(low / 100.0, high / 100.0);
+    for (std::size_t i = 0; i < bytes / sizeof(Real); ++i) {
+        static_cast<Real*>(x)[i] = static_cast<Real>(uniform(generator));
+        static_cast<Real*>(y)[i] = static_cast<Real>(uniform(generator));
+    }
+    return true;
+}
 
-using L = long double;
-const Row rows[] = {
-    unary<double>("acos_scalar", unit, [](auto x) { return std::acos(x); }),
-    binary<double>("atan2_scalar", turns, turns, [](auto y, auto x) { return std::atan2(y, x); }),
-    unary<double>("sqrt_scalar", positive, [](auto x) { return std::sqrt(x); }),
-    unary<float>("sqrtf_scalar", positive, [](auto x) { return std::sqrt(x); }),
-    unary<L>("sqrtl_scalar", positive, [](auto x) { return std::sqrt(x); }),
-    unary<double>("log_scalar", positive, [](auto x) { return std::log(x); }),
-    unary<double>("log1p_scalar", positive, [](auto x) { return std::log1p(x); }),
+template <class T>
+using Unary = T (*)(T);
+template <class T>
+using Binary = T (*)(T, T);
 
-    unary<L>("expl_scalar", {-20, 20}, [](auto x) { return std::exp(x); }),
-    unary<L>("logl_scalar", positive, [](auto x) { return std::log(x); }),
-    unary<L>("log1pl_scalar", positive, [](auto x) { return std::log1p(x); }),
-    binary<L>("powl_scalar", {0.01, 100}, turns, [](auto x, auto y) { return std::pow(x, y); }),
-    unary<L>("sinhl_scalar", turns, [](auto x) { return std::sinh(x); }),
-    unary<L>("coshl_scalar", turns, [](auto x) { return std::cosh(x); }),
-    unary<L>("tanhl_scalar", turns, [](auto x) { return std::tanh(x); }),
-    two_results(
-        "sinhcoshl_scalar", turns,
-        [](const void* routine, L x, L* first, L* second) {
-            routine_at<void(L*, L*, L)>(routine)(first, second, x);
-        },
-        [](L x, L* first, L* second) {
-            *first = std::sinh(x);
-            *second = std::cosh(x);
-        }),
-    unary<L>("asinhl_scalar", turns, [](auto x) { return std::asinh(x); }),
-    unary<L>("acoshl_scalar", {1.01, 100}, [](auto x) { return std::acosh(x); }),
-    unary<L>("atanhl_scalar", unit, [](auto x) { return std::atanh(x); }),
-
-    unary<L>("sinl_scalar", turns, [](auto x) { return std::sin(x); }),
-    unary<L>("cosl_scalar", turns, [](auto x) { return std::cos(x); }),
-    unary<L>("tanl_scalar", turns, [](auto x) { return std::tan(x); }),
-    two_results(
-        "sincosl_scalar", turns,
-        [](const void* routine, L x, L* first, L* second) {
-            routine_at<void(L, L*, L*)>(routine)(x, first, second);
-        },
-        [](L x, L* first, L* second) { sincosl(x, first, second); }),
-    without_peer(unary<L>("sindl_scalar", degrees, same)),
-    without_peer(unary<L>("cosdl_scalar", degrees, same)),
-    unary<L>("asinl_scalar", unit, [](auto x) { return std::asin(x); }),
-    unary<L>("acosl_scalar", unit, [](auto x) { return std::acos(x); }),
-    unary<L>("atanl_scalar", turns, [](auto x) { return std::atan(x); }),
-    binary<L>("atan2l_scalar", turns, turns, [](auto y, auto x) { return std::atan2(y, x); }),
-    without_peer(binary<L>("atan2dl_scalar", turns, turns, sum)),
-
-    unary<zelk_complex_float>("cacosf_scalar", plane, [](auto z) { return std::acos(z); }),
-    unary<zelk_complex_float>("cexpf_scalar", plane, [](auto z) { return std::exp(z); }),
-    unary<zelk_complex_float>("clogf_scalar", plane, [](auto z) { return std::log(z); }),
-    unary<zelk_complex_float>("csqrtf_scalar", plane, [](auto z) { return std::sqrt(z); }),
-    unary<zelk_complex_double>("cacos_scalar", plane, [](auto z) { return std::acos(z); }),
-    unary<zelk_complex_double>("cexp_scalar", plane, [](auto z) { return std::exp(z); }),
-    unary<zelk_complex_double>("clog_scalar", plane, [](auto z) { return std::log(z); }),
-    unary<zelk_complex_double>("csqrt_scalar", plane, [](auto z) { return std::sqrt(z); }),
-};
+template <class T, int low, int high>
+ScalarWorkload unary(const char* routine, Unary<T> libm)
+{
+    return {routine, reinterpret_cast<const void*>(libm), unary_loop<T>, fill_reals<T, low, high>, sizeof(T)};
+}
+template <class T, int low, int high>
+ScalarWorkload binary(const char* routine, Binary<T> libm)
+{
+    return {routine, reinterpret_cast<const void*>(libm), binary_loop<T>, fill_reals<T, low, high>,
+            sizeof(T)};
+}
+// Both parts between -4 and 4.
+template <class T, class Real>
+ScalarWorkload complex(const char* routine, Unary<T> libm)
+{
+    return {routine, reinterpret_cast<const void*>(libm), unary_loop<T>, fill_reals<Real, -400, 400>,
+            sizeof(T)};
+}
 
 } // namespace
 
-std::optional<ScalarWorkload> find_scalar_workload(std::string_view routine)
+const std::vector<ScalarWorkload>& scalar_workloads()
 {
-    for (const Row& row : rows)
-        if (row.name == routine) return row.workload;
-    return std::nullopt;
+    using Extended = long double;
+    static const std::vector<ScalarWorkload> workloads = {
+        unary<double, -99, 99>("acos_scalar", std::acos),
+        binary<double, -1000, 1000>("atan2_scalar", std::atan2),
+        unary<double, 1, 10000>("sqrt_scalar", std::sqrt),
+        unary<float, 1, 10000>("sqrtf_scalar", std::sqrt),
+        unary<Extended, 1, 10000>("sqrtl_scalar", std::sqrt),
+        unary<double, 1, 10000>("log_scalar", std::log),
+        unary<double, -50, 1000>("log1p_scalar", std::log1p),
+        complex<ComplexFloat, float>("cexpf_scalar", cexpf),
+        complex<ComplexFloat, float>("clogf_scalar", clogf),
+        complex<ComplexFloat, float>("csqrtf_scalar", csqrtf),
+        complex<ComplexFloat, float>("cacosf_scalar", cacosf),
+        complex<ComplexDouble, double>("cexp_scalar", cexp),
+        complex<ComplexDouble, double>("clog_scalar", clog),
+        complex<ComplexDouble, double>("csqrt_scalar", csqrt),
+        complex<ComplexDouble, double>("cacos_scalar", cacos),
+        unary<Extended, -2000, 2000>("expl_scalar", std::exp),
+        unary<Extended, 1, 10000>("logl_scalar", std::log),
+        unary<Extended, -50, 1000>("log1pl_scalar", std::log1p),
+        unary<Extended, -1000, 1000>("sinhl_scalar", std::sinh),
+        unary<Extended, -1000, 1000>("coshl_scalar", std::cosh),
+        {"sinhcoshl_scalar", reinterpret_cast<const void*>(sinh_and_cosh), sinh_cosh_loop,
+         fill_reals<Extended, -1000, 1000>, sizeof(Extended)},
+        unary<Extended, -500, 500>("tanhl_scalar", std::tanh),
+        unary<Extended, -1000, 1000>("asinhl_scalar", std::asinh),
+        unary<Extended, 101, 10000>("acoshl_scalar", std::acosh),
+        unary<Extended, -99, 99>("atanhl_scalar", std::atanh),
+        binary<Extended, 10, 1000>("powl_scalar", std::pow),
+        unary<Extended, -1000, 1000>("sinl_scalar", std::sin),
+        unary<Extended, -1000, 1000>("cosl_scalar", std::cos),
+        unary<Extended, -1000, 1000>("tanl_scalar", std::tan),
+        {"sincosl_scalar", reinterpret_cast<const void*>(sincosl), sine_cosine_loop,
+         fill_reals<Extended, -1000, 1000>, sizeof(Extended)},
+        // Angles in degrees: no function of the C library.
+        unary<Extended, -60000, 60000>("sindl_scalar", nullptr),
+        unary<Extended, -60000, 60000>("cosdl_scalar", nullptr),
+        binary<Extended, -1000, 1000>("atan2dl_scalar", nullptr),
+        unary<Extended, -1000, 1000>("atanl_scalar", std::atan),
+        binary<Extended, -1000, 1000>("atan2l_scalar", std::atan2),
+        unary<Extended, -99, 99>("acosl_scalar", std::acos),
+        unary<Extended, -99, 99>("asinl_scalar", std::asin),
+    };
+    return workloads;
 }
 
 } // namespace zelk::bench

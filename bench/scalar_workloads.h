@@ -1,23 +1,21 @@
-// What each scalar routine of the list is measured on, and the scalar library's function beside it.
+// The scalar routines beside the C library's functions of the same type.
 #pragma once
 
-#include <optional>
-#include <string_view>
+#include <string>
+#include <vector>
 
-#include "workloads.h"
+#include "arrays.h"
 
 namespace zelk::bench {
 
 struct ScalarWorkload {
-    std::size_t calls; // of one run
-    void (*fill)(Arrays&, Range x, Range y);
-    void (*throughput)(const void* routine, Arrays&);
-    Loop peer; // null where the scalar library has no such function
-    Range x;
-    Range y; // of two-argument functions
+    std::string routine; // "expl_scalar"
+    const void* libm;    // called as the routine is; null: there is none
+    Loop throughput;
+    bool (*fill)(void* x, void* y, std::size_t bytes);
+    std::size_t size; // of an element in bytes
 };
 
-// Nothing for routines that only move bits or return their argument.
-std::optional<ScalarWorkload> find_scalar_workload(std::string_view routine);
+const std::vector<ScalarWorkload>& scalar_workloads();
 
 } // namespace zelk::bench

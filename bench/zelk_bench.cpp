@@ -1,20 +1,23 @@
-// zelk-bench: the speed of every entry, kernel and scalar routine beside the scalar library, in one run.
+// zelk-bench: the speed of every entry and kernel beside that of other libraries, in one run.
 //
-// usage: zelk-bench [--summary] [--benchmark_OPTION]... [ENTRY]...
+// usage: zelk-bench [--seconds N] [--output FILE] [--libm-only NAME] [--traces FILE] [ENTRY]...
 //
-// --summary prints a compact table; give it --benchmark_repetitions=50
-// --benchmark_enable_random_interleaving=true.
+// Prints one line per function and form, as comma-separated values (to FILE with --output). --seconds is the
+// time for what runs in the first-level cache, and 0 means one short burst of each; --libm-only measures the
+// C library's functions alone and calls them NAME, for a run with another choice of their variants. --traces
+// writes the instructions that a call of each kernel executes, as offsets in the library.
+#include "measurement.h"
+#include "peers.h"
 #include "scalar_workloads.h"
-#include "summary.h"
+#include "trace.h"
 #include "vector_loops.h"
-#include "workloads.h"
-
-#include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <deque>
+#include <dlfcn.h>
 #include <span>
 #include <string>
 #include <string_view>
@@ -23,91 +26,250 @@ namespace zelk::bench {
 
 namespace {
 
-Arrays arrays;
-constexpr std::size_t vectors = Block::bytes / 16;
-bool summary = false;
+struct Options {
+    double seconds = 1;
+    const char* output = nullptr;
+    const char* libm_only = nullptr;
+    const char* traces = nullptr;
+    std::vector<std::string_view> names;
 
-// How often `run` fits into half a millisecond: long enough for the clock, and short enough that some of many
-// repetitions pass without an interruption. Counted here from the fastest of several runs, since the
-// benchmark library's own count, taken once, is far too low when an interruption falls into it.
-template <class Run>
-std::int64_t suitable_iterations(Run run)
-{
-    using Clock = std::chrono::steady_clock;
-    auto fastest = Clock::duration::max();
-    for (int i = 0; i < 20; ++i) {
-        const auto start = Clock::now();
-        run(arrays);
-        fastest = std::min(fastest, Clock::now() - start);
+    bool wants(std::string_view name) const
+    {
+        return names.empty() || std::ranges::find(names, name) != names.end();
     }
-    return std::max<std::int64_t>(1, std::chrono::microseconds(500) / std::max(fastest, Clock::duration(1)));
+};
+
+struct Data {
+    Block x[std::size(all_inputs)];
+    Block y[std::size(all_inputs)];
+    bool exists[std::size(all_inputs)];
+};
+
+// What is measured together: the forms of an entry and its peers.
+struct Group {
+    Data* data;
+    std::vector<Variant*> variants;
+};
+
+struct Plan {
+    std::deque<Data> data;
+    std::deque<Variant> variants;
+    std::vector<Group> groups;
+    std::vector<Series> series;
+};
+
+Block first_results;
+Block second_results;
+Block active_mask;
+
+Arrays arrays_of(Data& data, Input input)
+{
+    const auto i = static_cast<std::size_t>(input);
+    return {data.x[i].storage, data.y[i].storage, first_results.storage, second_results.storage,
+            Block::bytes};
 }
 
-// `items` is what one run of the loop counts as: elements for throughput, calls for latency.
-template <class Fill, class Run>
-void add(const std::string& name, Fill fill_arrays, std::size_t items, Run run)
+void add(Plan& plan, Group& group, Variant&& variant)
 {
-    const auto benchmark = benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& state) {
-        fill_arrays();
-        for ([[maybe_unused]] const auto iteration : state) {
-            run(arrays);
-            benchmark::ClobberMemory();
-        }
-        state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(items));
-    });
-    fill_arrays();
-    if (summary) benchmark->Iterations(suitable_iterations(run));
+    Variant& added = plan.variants.emplace_back(std::move(variant));
+    group.variants.push_back(&added);
+    for (const Input input : all_inputs)
+        if (group.data->exists[static_cast<std::size_t>(input)])
+            plan.series.push_back({&added, static_cast<Measure>(input), arrays_of(*group.data, input)});
+    if (added.loops.latency)
+        plan.series.push_back({&added, Measure::latency, arrays_of(*group.data, Input::ordinary)});
 }
 
-void add_function(const Entry& entry, const std::string& variant, const void* function,
-                  const Workload& workload)
+// The masked entry and the alias, on ordinary arguments; they are what the dispatcher is but for a few
+// instructions. The mask is the next argument: of a one-argument function, what y is otherwise.
+void add_forwarders(Plan& plan, const Entry& entry, Variant form)
 {
-    const auto fill_arrays = [=, lanes = entry.lanes] { fill(arrays, workload, lanes); };
-    const VectorLoops loops = vector_loops_of(entry);
-    add("throughput/" + entry.name + '/' + variant, fill_arrays, vectors * elements_per_vector(entry.lanes),
-        [=](Arrays& a) { loops.throughput(function, a); });
-    add("latency/" + entry.name + '/' + variant, fill_arrays, vectors,
-        [=](Arrays& a) { loops.latency(function, a); });
-}
-
-void add_peer(const Entry& entry, const Workload& workload)
-{
-    if (!workload.peer.throughput) return;
-    const auto fill_arrays = [=, lanes = entry.lanes] { fill(arrays, workload, lanes); };
-    const std::size_t elements = vectors * elements_per_vector(entry.lanes);
-    add("throughput/" + entry.name + "/libm", fill_arrays, elements, workload.peer.throughput);
-    add("latency/" + entry.name + "/libm", fill_arrays, elements, workload.peer.latency);
+    const auto add_form = [&](const char* name, const std::string& symbol, int arguments, void* y) {
+        form.name = name;
+        form.function = exported(symbol);
+        form.loops = vector_loops(entry.lanes, arguments, convention_of(entry.results));
+        Variant& added = plan.variants.emplace_back(form);
+        Arrays arrays = arrays_of(*plan.groups.back().data, Input::ordinary);
+        arrays.y = y;
+        plan.series.push_back({&added, Measure::ordinary, arrays});
+    };
+    void* const y = plan.groups.back().data->y[0].storage;
+    if (!entry.alias.empty()) add_form("alias", entry.alias, entry.args, y);
+    if (entry.results != Results::pointer) // there the pointer stands between
+        add_form("masked", entry.masked, entry.args + 1, entry.args == 1 ? active_mask.storage : y);
 }
 
 // False if the table of workloads lacks the entry.
-bool add_entry(const Entry& entry)
+bool add_entry(Plan& plan, const Entry& entry, const Options& options)
 {
     const auto workload = find_workload(entry.name);
     if (!workload) {
         std::fprintf(stderr, "zelk-bench: bench/workloads.cpp has no row for %s\n", entry.name.c_str());
         return false;
     }
-    add_function(entry, "dispatcher", entry.address, *workload);
+    Data& data = plan.data.emplace_back();
+    for (const Input input : all_inputs) {
+        const auto i = static_cast<std::size_t>(input);
+        data.exists[i] =
+            fill(data.x[i].storage, data.y[i].storage, Block::bytes, *workload, input, entry.lanes);
+    }
+    Group& group = plan.groups.emplace_back(Group{&data, {}});
+    const double vectors_per_byte = 1.0 / 16;
+    const unsigned elements = elements_per_vector(entry.lanes);
+    const std::vector<long double> exact = exact_values(*workload, entry.lanes);
+    const auto variant = [&](const std::string& name, const void* function, Loops loops) {
+        return Variant{.entry = entry.name,
+                       .name = name,
+                       .function = function,
+                       .loops = loops,
+                       .elements_per_byte = vectors_per_byte * elements,
+                       .calls_per_byte = vectors_per_byte,
+                       .error = largest_error(*workload, exact, entry.lanes, loops.throughput, function)};
+    };
+    if (workload->libm)
+        add(plan, group,
+            variant(options.libm_only ? options.libm_only : "libm", workload->libm,
+                    vector_loops(entry.lanes, entry.args, workload->libm_convention)));
+    if (options.libm_only) return true;
+    const Loops loops = vector_loops(entry.lanes, entry.args, convention_of(entry.results));
+    const Variant dispatcher = variant("dispatcher", entry.address, loops);
+    add(plan, group, Variant(dispatcher));
     for (const Kernel& kernel : entry.kernels)
-        add_function(entry, std::string(1, kernel.tier), kernel.address, *workload);
-    add_peer(entry, *workload);
+        add(plan, group, variant(std::string("tier ") + kernel.tier, kernel.address, loops));
+    for (const Peer& peer : find_peers(workload->function, entry.lanes))
+        add(plan, group,
+            variant(peer.name, peer.function, vector_loops(entry.lanes, entry.args, peer.convention)));
+    add_forwarders(plan, entry, dispatcher);
     return true;
 }
 
-void add_scalar(const ScalarEntry& scalar)
+void add_scalar(Plan& plan, const ScalarWorkload& workload, const Options& options)
 {
-    const auto workload = find_scalar_workload(scalar.name);
-    if (!workload) return;
-    const std::string prefix = "throughput/" + scalar.name + '/';
-    const auto fill_arrays = [=] { workload->fill(arrays, workload->x, workload->y); };
-    const auto add_routine = [&](const std::string& variant, const void* routine) {
-        add(prefix + variant, fill_arrays, workload->calls,
-            [=](Arrays& a) { workload->throughput(routine, a); });
+    const void* const routine = exported(workload.routine);
+    if (!routine) return;
+    Data& data = plan.data.emplace_back();
+    data.exists[0] = workload.fill(data.x[0].storage, data.y[0].storage, Block::bytes);
+    Group& group = plan.groups.emplace_back(Group{&data, {}});
+    const auto add_function = [&](const char* name, const void* function) {
+        add(plan, group,
+            Variant{.entry = workload.routine,
+                    .name = name,
+                    .function = function,
+                    .loops = {workload.throughput, nullptr},
+                    .elements_per_byte = 1.0 / static_cast<double>(workload.size)});
     };
-    add_routine(scalar.tiers.empty() ? "routine" : "dispatcher", exported(scalar.name));
-    for (const char tier : scalar.tiers)
-        add_routine(std::string(1, tier), exported(scalar.name + '.' + tier));
-    if (workload->peer) add(prefix + "libm", fill_arrays, workload->calls, workload->peer);
+    if (workload.libm) add_function(options.libm_only ? options.libm_only : "libm", workload.libm);
+    if (!options.libm_only) add_function("dispatcher", routine);
+}
+
+void print(std::FILE* file, const Plan& plan)
+{
+    std::fputs("entry,called,error_ulp", file);
+    for (const char* measure : measure_names)
+        std::fprintf(file, ",%s_min,%s_median", measure, measure);
+    std::fputc('\n', file);
+    for (const Variant& variant : plan.variants) {
+        std::fprintf(file, "%s,%s,", variant.entry.c_str(), variant.name.c_str());
+        if (variant.error >= 0) std::fprintf(file, "%.3g", variant.error);
+        for (const Samples& samples : variant.samples) {
+            if (samples.empty())
+                std::fputs(",,", file);
+            else
+                std::fprintf(file, ",%.3f,%.3f", samples.smallest(), samples.median());
+        }
+        std::fputc('\n', file);
+    }
+}
+
+// A line for each kernel: its symbol and the offsets of the instructions of a typical call, the one of median
+// length among some vectors of ordinary arguments.
+void write_traces(std::FILE* file, const Options& options)
+{
+    for (const Entry& entry : entries()) {
+        if (!options.wants(entry.name)) continue;
+        alignas(16) static Vec128 x[15], y[15];
+        const auto workload = find_workload(entry.name);
+        if (!workload || !fill(x, y, sizeof x, *workload, Input::ordinary, entry.lanes)) continue;
+        for (const Kernel& kernel : entry.kernels) {
+            std::vector<std::vector<std::uintptr_t>> traces;
+            for (std::size_t i = 0; i < std::size(x); ++i)
+                traces.push_back(trace_call(kernel.address, x[i], y[i]));
+            std::ranges::sort(traces, {}, [](const auto& trace) { return trace.size(); });
+            Dl_info info;
+            dladdr(kernel.address, &info);
+            std::fputs(kernel.symbol.c_str(), file);
+            for (const std::uintptr_t address : traces[traces.size() / 2])
+                std::fprintf(
+                    file, " %zx",
+                    static_cast<std::size_t>(address - reinterpret_cast<std::uintptr_t>(info.dli_fbase)));
+            std::fputc('\n', file);
+        }
+    }
+}
+
+bool is_known(std::string_view name)
+{
+    return std::ranges::find(entries(), name, &Entry::name) != entries().end() ||
+           std::ranges::find(scalar_workloads(), name, &ScalarWorkload::routine) != scalar_workloads().end();
+}
+
+bool parse(std::span<char*> arguments, Options& options)
+{
+    for (std::size_t i = 1; i < arguments.size(); ++i) {
+        const std::string_view word = arguments[i];
+        const char* const value = i + 1 < arguments.size() ? arguments[i + 1] : nullptr;
+        if (value && word == "--seconds") {
+            options.seconds = std::atof(value);
+        } else if (value && word == "--output") {
+            options.output = value;
+        } else if (value && word == "--libm-only") {
+            options.libm_only = value;
+        } else if (value && word == "--traces") {
+            options.traces = value;
+        } else if (is_known(word)) {
+            options.names.push_back(word);
+            continue;
+        } else {
+            std::fprintf(stderr, "zelk-bench: '%s' is no option and no function of the library\n",
+                         arguments[i]);
+            return false;
+        }
+        ++i;
+    }
+    return true;
+}
+
+// Standard output without a name.
+template <class Write>
+bool write_file(const char* name, Write write)
+{
+    std::FILE* const file = name ? std::fopen(name, "w") : stdout;
+    if (!file) {
+        std::perror(name);
+        return false;
+    }
+    write(file);
+    return std::fflush(file) == 0;
+}
+
+bool run(const Options& options)
+{
+    if (options.traces)
+        return write_file(options.traces, [&](std::FILE* file) { write_traces(file, options); });
+
+    std::memset(active_mask.storage, 0xFF, Block::bytes);
+    Plan plan;
+    for (const Entry& entry : entries())
+        if (options.wants(entry.name) && !add_entry(plan, entry, options)) return false;
+    for (const ScalarWorkload& workload : scalar_workloads())
+        if (options.wants(workload.routine)) add_scalar(plan, workload, options);
+    const double clock_before = measure_gigahertz();
+    measure_interleaved(plan.series, options.seconds);
+    for (const Group& group : plan.groups)
+        if (!group.variants.empty() && options.seconds > 0)
+            measure_in_memory(group.variants, group.data->x[0].storage, group.data->y[0].storage);
+    std::fprintf(stderr, "clock %.3f GHz\n", std::max(clock_before, measure_gigahertz()));
+    return write_file(options.output, [&](std::FILE* file) { print(file, plan); });
 }
 
 } // namespace
@@ -116,33 +278,7 @@ void add_scalar(const ScalarEntry& scalar)
 
 int main(int argc, char** argv)
 {
-    using namespace zelk;
-    benchmark::Initialize(&argc, argv);
-    std::vector<std::string_view> wanted;
-    for (const std::string_view word : std::span(argv, static_cast<std::size_t>(argc)).subspan(1)) {
-        if (word == "--summary") {
-            bench::summary = true;
-        } else if (std::ranges::find(entries(), word, &Entry::name) != entries().end() ||
-                   std::ranges::find(scalar_entries(), word, &ScalarEntry::name) != scalar_entries().end()) {
-            wanted.push_back(word);
-        } else {
-            std::fprintf(stderr, "zelk-bench: '%.*s' is no option and no entry of the library\n",
-                         static_cast<int>(word.size()), word.data());
-            return 2;
-        }
-    }
-    bool complete = true;
-    const auto is_wanted = [&](const std::string& name) {
-        return wanted.empty() || std::ranges::find(wanted, name) != wanted.end();
-    };
-    for (const Entry& entry : entries())
-        if (is_wanted(entry.name)) complete = bench::add_entry(entry) && complete;
-    for (const ScalarEntry& scalar : scalar_entries())
-        if (is_wanted(scalar.name)) bench::add_scalar(scalar);
-    if (!complete) return 1;
-
-    bench::SummaryReporter reporter;
-    const std::size_t count =
-        bench::summary ? benchmark::RunSpecifiedBenchmarks(&reporter) : benchmark::RunSpecifiedBenchmarks();
-    return count > 0 ? 0 : 1;
+    zelk::bench::Options options;
+    if (!zelk::bench::parse(std::span(argv, static_cast<std::size_t>(argc)), options)) return 2;
+    return zelk::bench::run(options) ? 0 : 1;
 }

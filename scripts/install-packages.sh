@@ -1,13 +1,17 @@
 #!/usr/bin/env bash
-# usage: scripts/install-packages.sh [i386]
+# usage: scripts/install-packages.sh [i386|bench]
 # Installs with apt what building and testing on Debian 12 needs and is missing; with i386, also the 32-bit
-# libraries of the i386 tests. Does nothing, and needs no rights, when everything is there.
+# libraries of the i386 tests; with bench, also what the measurements take. Does
+# nothing, and needs no rights, when everything is there.
 set -euo pipefail
 
-packages=(g++ g++-multilib binutils cmake ninja-build ccache git googletest libbenchmark-dev libgmp-dev libmpc-dev
+packages=(g++ g++-multilib binutils cmake ninja-build ccache git googletest libgmp-dev libmpc-dev
           libmpfr-dev sollya)
 if [ "${1:-}" = i386 ]; then
     packages+=(libgmp-dev:i386 libmpc-dev:i386 libmpfr-dev:i386)
+fi
+if [ "${1:-}" = bench ]; then
+    packages+=(gnuplot-nox libeigen3-dev libhwy-dev libsleef3 libxsimd-dev llvm python3)
 fi
 
 is_installed() {

@@ -159,7 +159,7 @@ TEST(Atan22, BoundOfTheVectorPath)
 {
     const float smallest = std::numeric_limits<float>::min();
     const float next = std::nextafter(smallest, 1.0f);
-    for (const auto& kernel : entry("atan2f4").kernels) {
+    for (const auto& kernel : without_lane_loops(entry("atan2f4").kernels)) {
         const auto angle = [&](float y, float x) {
             return call(kernel.address, floats(y, y, y, y), floats(x, x, x, x)).first.f[3];
         };
@@ -198,10 +198,11 @@ TEST(Atan22, TiersAndSymmetry)
     };
     const auto check = [&](const char* name, const Vec128& y, const Vec128& x, std::uint32_t even) {
         const auto& kernels = entry(name).kernels;
-        const Result expected = call(kernels[0].address, y, x);
-        const Vec128 mirrored = flip(expected.first, even, 0x80000000);
+        const Vec128 common = call(kernels.back().address, y, x).first;
         for (const auto& kernel : kernels) {
-            EXPECT_TRUE(same_bits(call(kernel.address, y, x).first, expected.first)) << kernel.symbol;
+            const Vec128 got = call(kernel.address, y, x).first;
+            EXPECT_TRUE(kernel.lane_loop || same_bits(got, common)) << kernel.symbol;
+            const Vec128 mirrored = flip(got, even, 0x80000000);
             EXPECT_TRUE(same_bits(call(kernel.address, flip(y, even, 0x80000000), x).first, mirrored))
                 << kernel.symbol;
         }
@@ -236,7 +237,7 @@ Worst worst_error_rounded(const void* kernel, const Pairs<T>& pairs, Rounding ro
         mpfr_set_d(x.value, xi, MPFR_RNDN);
         arctangent()(exact.value, y.value, x.value);
         const double error = ulp_error(got, exact.value);
-        if (error > worst.ulp) worst = {error, yi, xi, got};
+        if (error > worst.ulp) worst = {error, yi, xi, got, rounding};
     }
     return worst;
 }

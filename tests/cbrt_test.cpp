@@ -170,7 +170,7 @@ TEST(Cbrt, SignInDirectedModes)
          words(0xBFADB905, 0x3FADB905, 0xBF98C40E, 0x3F98C40E)},
     };
     for (const auto& row : rows)
-        for (const auto& kernel : entry("cbrtf4").kernels) {
+        for (const auto& kernel : without_lane_loops(entry("cbrtf4").kernels)) {
             EXPECT_EQ(hex(call(kernel.address, x, {}, {}, nullptr, row.rounding).first),
                       hex(kernel.tier == 'A' ? row.tier_A : row.others))
                 << kernel.symbol << ", rounding " << static_cast<unsigned>(row.rounding);
@@ -198,7 +198,9 @@ TEST(Cbrt, Landmarks)
                 << kernel.symbol << ' ' << cube.x;
     // The polynomial puts 1/cbrt 8 two ulp below a half.
     for (const auto& kernel : entry("invcbrtf4").kernels)
-        EXPECT_EQ(call(kernel.address, floats(8, 8, 8, 8)).first.u[0], 0x3EFFFFFEu) << kernel.symbol;
+        EXPECT_EQ(call(kernel.address, floats(8, 8, 8, 8)).first.u[0],
+                  kernel.lane_loop ? 0x3F000000u : 0x3EFFFFFEu)
+            << kernel.symbol;
 }
 
 } // namespace

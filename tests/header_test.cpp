@@ -81,8 +81,8 @@ Declared storing(const char* name, typename Signature<Lanes, vectors>::Storing* 
 #define ZELK_TIERS_i4(...) ZELK_TIERS_d2(__VA_ARGS__)
 #else
 #define ZELK_TIERS_d2(...) ZELK_TIER(__VA_ARGS__, A) ZELK_TIER(__VA_ARGS__, L) ZELK_TIER(__VA_ARGS__, N)
-#define ZELK_TIERS_f4(...) ZELK_TIER(__VA_ARGS__, J) ZELK_TIER(__VA_ARGS__, L) ZELK_TIER(__VA_ARGS__, N)
-#define ZELK_TIERS_i4(...) ZELK_TIER(__VA_ARGS__, J) ZELK_TIERS_d2(__VA_ARGS__)
+#define ZELK_TIERS_f4(...) ZELK_TIER(__VA_ARGS__, J) ZELK_TIERS_d2(__VA_ARGS__)
+#define ZELK_TIERS_i4(...) ZELK_TIERS_f4(__VA_ARGS__)
 #endif
 #define ZELK_TIERS_c2(...) ZELK_TIERS_f4(__VA_ARGS__)
 #define ZELK_TIERS_u4(...) ZELK_TIERS_i4(__VA_ARGS__)

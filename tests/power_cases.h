@@ -169,7 +169,8 @@ void expect_directed_error_within(double bound, const Kernel& kernel, const Powe
             const T got = first_lane(result.first, T{});
             const double error = ulp_error(got, power.value);
             if (error > worst.ulp)
-                worst = {error, static_cast<double>(xi), static_cast<double>(yi), static_cast<double>(got)};
+                worst = {error, static_cast<double>(xi), static_cast<double>(yi), static_cast<double>(got),
+                         rounding};
         }
         expect_error_within(bound, worst, kernel.symbol,
                             path + ", rounding " + std::to_string(static_cast<unsigned>(rounding)));

@@ -125,18 +125,21 @@ TEST(SinCosf4, SymmetryAndTiers)
         Vec128 minus_x = x;
         for (auto& lane : minus_x.u)
             lane |= 0x80000000;
-        const Result cosine = call(entry("cosf4").kernels[0].address, x);
-        const Result sine = call(entry("sinf4").kernels[0].address, x);
-        Result mirrored = call(entry("sinf4").kernels[0].address, minus_x);
-        for (auto& lane : mirrored.first.u)
-            lane ^= 0x80000000;
-        EXPECT_TRUE(same_bits(sine.first, mirrored.first)) << hex(x);
+        const Result common_cosine = call(entry("cosf4").kernels.back().address, x);
+        const Result common_sine = call(entry("sinf4").kernels.back().address, x);
         for (const auto& kernel : entry("cosf4").kernels) {
-            EXPECT_TRUE(same_bits(cosine.first, call(kernel.address, x).first)) << hex(x);
+            const Result cosine = call(kernel.address, x);
+            EXPECT_TRUE(kernel.lane_loop || same_bits(cosine.first, common_cosine.first)) << hex(x);
             EXPECT_TRUE(same_bits(cosine.first, call(kernel.address, minus_x).first)) << hex(x);
         }
-        for (const auto& kernel : entry("sinf4").kernels)
-            EXPECT_TRUE(same_bits(sine.first, call(kernel.address, x).first)) << hex(x);
+        for (const auto& kernel : entry("sinf4").kernels) {
+            const Result sine = call(kernel.address, x);
+            EXPECT_TRUE(kernel.lane_loop || same_bits(sine.first, common_sine.first)) << hex(x);
+            Result mirrored = call(kernel.address, minus_x);
+            for (auto& lane : mirrored.first.u)
+                lane ^= 0x80000000;
+            EXPECT_TRUE(same_bits(sine.first, mirrored.first)) << hex(x);
+        }
     }
 }
 

@@ -282,7 +282,7 @@ TYPED_TEST(Sincos, Zeros)
         for (const T other : {T(0), T(1.25), a_medium_argument<T>, -largest<T>}) {
             const Result plus = sincos(*kernel, vector(1, pattern(T(0)), pattern(other)));
             const Result minus = sincos(*kernel, vector(1, pattern(T(-0.0)), pattern(other)));
-            const bool keeps_sign = kernel->tier == 'A' && path_of(other) != Path::fast;
+            const bool keeps_sign = kernel->tier == 'A' && !kernel->lane_loop && path_of(other) != Path::fast;
             EXPECT_EQ(get(plus.first, 0, T{}), pattern(T(0))) << kernel->symbol << ' ' << other;
             EXPECT_EQ(get(minus.first, 0, T{}), pattern(keeps_sign ? T(-0.0) : T(0)))
                 << kernel->symbol << ' ' << other;
@@ -303,7 +303,7 @@ TYPED_TEST(Sincos, SymmetryAndTiers)
         const Result reference = sincos(*kernels<T>().back(), everywhere(x)); // has no table
         for (const Kernel* kernel : kernels<T>()) {
             const Result got = sincos(*kernel, everywhere(x));
-            if (!has_table(*kernel) || path_of(x) != Path::huge) {
+            if (!kernel->lane_loop && (!has_table(*kernel) || path_of(x) != Path::huge)) {
                 EXPECT_TRUE(same_bits(got.first, reference.first)) << kernel->symbol << ' ' << x;
                 EXPECT_TRUE(same_bits(got.second, reference.second)) << kernel->symbol << ' ' << x;
             }

@@ -11,9 +11,10 @@
  *
  * A kernel is the function for one instruction-set tier, for callers that know their processor. Its exported
  * name ends in a point and the tier letter, which C cannot write: __zelk_sinf4_L is the exported
- * __zelk_sinf4.L. x86-64 has the tiers A (SSE2) and L (SSE3), 32-bit x86 besides J (SSE2) and N (SSE4.1). A
- * kernel above what the processor offers traps. Scalar routines with tiers have A and L on x86-64, A and J on
- * 32-bit x86: acos_scalar_A is the exported acos_scalar.A.
+ * __zelk_sinf4.L. x86-64 has the tiers A (SSE2) and L (SSE3), 32-bit x86 besides J (SSE2) and N (SSE4.1); its
+ * tier A is SSE and the x87 for float4 and cfloat2, SSE2 for the others. A kernel above what the processor
+ * offers traps. Scalar routines with tiers have A and L on x86-64, A and J on 32-bit x86: acos_scalar_A is the
+ * exported acos_scalar.A.
  *
  * One line per function here; the functions themselves are declared and described in the headers of their
  * families. */
@@ -49,6 +50,7 @@ ZELK_BEGIN_DECLARATIONS
     ZELK_KERNEL(zelk_int4, symbol, L, arguments)
 #else
 #define ZELK_KERNELS_float4(symbol, arguments)                                                               \
+    ZELK_KERNEL(zelk_float4, symbol, A, arguments)                                                           \
     ZELK_KERNEL(zelk_float4, symbol, J, arguments)                                                           \
     ZELK_KERNEL(zelk_float4, symbol, L, arguments)                                                           \
     ZELK_KERNEL(zelk_float4, symbol, N, arguments)

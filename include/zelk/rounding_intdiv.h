@@ -48,8 +48,7 @@ zelk_double2 __zelk_nearbyint2(zelk_double2 x);
  *   - signed, -2^31 by -1: quotient -2^31, remainder 0;
  *   - unsigned, b = 0: quotient 2^32 - 1, remainder a.
  * No floating-point flag is raised but inexact (tiers J, L, N).
- * Methods: tier A divides lane by lane; the others by a reciprocal estimate, one Newton step in binary32 and
- * one in binary64 with an upward bias, a product and a truncation. */
+ * Methods: tier A divides lane by lane; the others in binary64, with a truncation. */
 
 /* Signed quotient, remainder. */
 zelk_int4 __zelk_idiv4(zelk_int4 a, zelk_int4 b);

@@ -75,19 +75,6 @@
 
 #else
 
-// Tier A of the f4 and c2 functions does not exist yet (see entries.def): J stands in for it.
-.macro jump_to_tier symbol:req, lanes:req, tier:req
-    .ifc \lanes\tier, f4A
-    jnz \symbol\().J
-    .else
-    .ifc \lanes\tier, c2A
-    jnz \symbol\().J
-    .else
-    jnz \symbol\().\tier
-    .endif
-    .endif
-.endm
-
 .macro dispatcher symbol:req, lanes:req, tiers:vararg
     .globl \symbol
     .type \symbol, @function
@@ -101,7 +88,7 @@
     movl (%eax), %eax
     .irp tier, \tiers
     testl $mask_\tier, %eax
-    jump_to_tier \symbol, \lanes, \tier
+    jnz \symbol\().\tier
     .endr
     // The caller may hold the stack at any multiple of 4; the initialisation gets it aligned to 16.
     pushl %ebp
@@ -158,7 +145,7 @@
 // One 16-byte constant with `value` in every lane; the linker merges equal ones.
 .macro lane_constant name:req, lanes:req, value:req
     .section .rodata.cst16, "aM", @progbits, 16
-    .p2align 6
+    .p2align 4
 \name:
     .ifc \lanes, d2
     .double \value, \value

@@ -1,7 +1,7 @@
 // 2^x on four binary32 lanes.
 // Method: x = N/64 + r with N = round(64 x), 2^x = 2^floor(N/64) 2^(j/64) 2^r with j = N mod 64: a table and
-// a quadratic whose leading coefficient (ln2)^2/2 the table holds. Beyond |x| = 123.5 all lanes are
-// recomputed one by one, shifted by 24 towards zero.
+// a quadratic whose leading coefficient (ln2)^2/2 the table holds. Lanes beyond |x| = 123.5 are
+// shifted by 24 towards zero.
 #include "tables/exp2f4.h"
 #include "dispatch/kernels.h"
 
@@ -26,35 +26,24 @@ ZELK_INLINE float4 exp2_in_range(float4 x, const Exp2f4& k)
     return (table * scale) * q;
 }
 
-// From and to bit patterns: a float result would quiet a NaN on its way through the x87 stack of i386.
-[[gnu::noinline]] static std::uint32_t __zelk_internal_exp2_ss(std::uint32_t b)
+// Some lane lies beyond 123.5, or is infinite or NaN.
+[[gnu::noinline, gnu::cold]] static float4 __zelk_internal_exp2_ss(float4 x)
 {
     const auto& k = tables::exp2f4;
-    constexpr std::uint32_t infinity = 0x7F800000;
-    // As unsigned words the negative arguments follow the positive ones, ascending in magnitude.
-    if (b >= 0x43000000 && b < 0x80000000) return b > infinity ? b : infinity; // from 128 on
-    if (b >= 0xC3160000) return b > (infinity | 0x80000000) ? b : 0;           // from -150 down
+    const int4 bits = as_int4(x);
+    const int4 magnitude = bits & k.flAbsMask;
+    const int4 negative = bits >> 31;
+    const int4 known = (bits > k.flBelow128) | (negative & (magnitude > k.flBelow150));
+    const int4 value = select(magnitude > k.flPosInf, bits, k.flPosInf & ~negative);
+    if (lane_mask(known) == all_lanes4) return as_float4(value);
 
-    float d = 0.0f;
-    float c = 1.0f;
-    if (b >= 0xC2F70000) { // from -123.5 down
-        d = 24.0f;
-        c = 0x1p-24f;
-    } else if (b > 0x42F70000 && b < 0x80000000) { // above 123.5
-        d = -24.0f;
-        c = 0x1p24f;
-    }
-    const float x1 = __builtin_bit_cast(float, b) + d;
-    const float4 y = exp2_in_range(zero_for_subnormal(splat(x1), k), k);
-    return static_cast<std::uint32_t>(as_int4(y * splat(c))[0]);
-}
-
-[[gnu::noinline, gnu::cold]] static float4 exp2_lane_by_lane(float4 x)
-{
-    uint4 lanes = as_uint4(x);
-    for (int lane = 0; lane < 4; ++lane)
-        lanes[lane] = __zelk_internal_exp2_ss(lanes[lane]);
-    return as_float4(lanes);
+    const int4 low = negative & ~(k.flMaxBound > magnitude) & ~known;
+    const int4 high = (bits > k.flMaxBound) & ~known;
+    const int4 unshifted = ~(low | high); // known lanes too, as zeros
+    const float4 d = as_float4(((low | high) & k.flShift) | (high & ~k.flAbsMask));
+    const float4 c = as_float4((low & k.flShiftDown) | (high & k.flShiftUp) | (unshifted & k.flOne));
+    const float4 power = exp2_in_range(zero_for_subnormal(as_float4(bits & ~known) + d, k), k);
+    return as_float4(select(known, value, as_int4(power * c)));
 }
 
 float4 exp2f4(float4 x)
@@ -63,7 +52,7 @@ float4 exp2f4(float4 x)
     const float4 argument = zero_for_subnormal(x, k);
     const int4 special = (as_int4(x) & k.flAbsMask) > k.flMaxBound;
     if (lane_mask(special) != 0) [[unlikely]]
-        return exp2_lane_by_lane(argument);
+        return __zelk_internal_exp2_ss(argument);
     return exp2_in_range(argument, k);
 }
 

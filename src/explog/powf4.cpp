@@ -160,12 +160,15 @@ static inline std::int64_t spec_lane(std::uint32_t x, std::uint32_t y, bool spec
     return w;
 }
 
-// special_x: bit i is set if lane i of x is zero, negative, infinite or NaN.
-static inline Wide _pow_spec(unsigned special_x, uint4 x, uint4 y, const Wide& w)
+// Bit i of special_x is set if lane i of x is zero, negative, infinite or NaN; that of known, for each lane
+// of which the result may be known.
+static inline Wide _pow_spec(unsigned known, unsigned special_x, uint4 x, uint4 y, const Wide& w)
 {
     long2 lanes[2] = {as_long2(w.low), as_long2(w.high)};
-    for (unsigned i = 0; i < 4; ++i)
+    for (; known != 0; known &= known - 1) {
+        const auto i = static_cast<unsigned>(__builtin_ctz(known));
         lanes[i / 2][i % 2] = spec_lane(x[i], y[i], special_x >> i & 1, lanes[i / 2][i % 2]);
+    }
     return {as_double2(lanes[0]), as_double2(lanes[1])};
 }
 
@@ -186,8 +189,11 @@ static inline Wide _pow_spec(unsigned special_x, uint4 x, uint4 y, const Wide& w
     const int4 special_y = (y & k.exponent_field) == k.exponent_field;
     Wide w = scaled_logarithm(select(tiny, normalised, magnitude), select(tiny, k.bias_normalised, k.bias),
                               as_float4(y & ~special_y), k);
-    if (lane_mask(special_x | special_y) != 0)
-        w = _pow_spec(lane_mask(special_x), as_uint4(x), as_uint4(y), w);
+    if (lane_mask(special_x | special_y) != 0) {
+        const int4 result_one = (x == as_int4(k.one)) | ((y & k.abs_mask) == 0);
+        w = _pow_spec(lane_mask(special_x | special_y | result_one), lane_mask(special_x), as_uint4(x),
+                      as_uint4(y), w);
+    }
     return as_float4(as_int4(raise_two(w, k)) & ~zero);
 }
 

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "lanes/lanes.h"
+#include "tables/wide.h"
 
 #include <cstddef>
 
@@ -68,10 +69,12 @@ ZELK_INLINE long double number_of(std::uint64_t significand, int sign_exponent)
     return both.number;
 }
 
-// 2^n, -16382 <= n <= 16383.
+// 2^n, -16382 <= n <= 16383. What was stored in two pieces takes long to load in one, so most are binary64.
 ZELK_INLINE long double power_of_two(int n)
 {
-    return number_of(std::uint64_t{1} << 63, n + exponent_bias);
+    if (static_cast<unsigned>(n + 1022) > 2045) [[unlikely]]
+        return number_of(std::uint64_t{1} << 63, n + exponent_bias);
+    return __builtin_bit_cast(double, static_cast<std::uint64_t>(n + 1023) << 52);
 }
 
 // The nearest integer in the current rounding mode, |x| < 2^31. (A conversion in C++ would change the control
@@ -134,13 +137,13 @@ ZELK_INLINE long double pole(bool negative)
 }
 
 // c[0] + c[1] z + c[2] z^2 + ... by Horner's rule.
-template <std::size_t n, std::size_t i = 0>
-ZELK_INLINE long double polynomial(const long double (&c)[n], long double z)
+template <std::size_t i = 0, std::size_t n>
+ZELK_INLINE long double polynomial(const tables::Wide (&c)[n], long double z)
 {
     if constexpr (i + 1 == n)
         return c[i];
     else
-        return c[i] + z * polynomial<n, i + 1>(c, z);
+        return c[i] + z * polynomial<i + 1>(c, z);
 }
 
 // hi + lo, |lo| at most half an ulp of hi or a little above it.
@@ -148,6 +151,14 @@ struct Pair {
     long double hi;
     long double lo;
 };
+
+// Has both parts computed here. Of eight registers none is to spare for what a late lo is computed from, and
+// to store and load 80-bit numbers is slow.
+ZELK_INLINE Pair settled(Pair x)
+{
+    asm volatile("" : "+t"(x.hi), "+u"(x.lo));
+    return x;
+}
 
 // a + b exactly, |a| >= |b| or a = 0.
 ZELK_INLINE Pair fast_two_sum(long double a, long double b)

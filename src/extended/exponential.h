@@ -28,8 +28,8 @@ struct OddEven {
 };
 ZELK_INLINE OddEven exponential_parts(long double r)
 {
-    constexpr long double odd[] = {1.0L / 6, 1.0L / 120, 1.0L / 5040};
-    constexpr long double even[] = {0.5L, 1.0L / 24, 1.0L / 720};
+    static constexpr tables::Wide odd[] = {1.0L / 6, 1.0L / 120, 1.0L / 5040};
+    static constexpr tables::Wide even[] = {0.5L, 1.0L / 24, 1.0L / 720};
     const long double square = r * r;
     return {r + r * square * polynomial(odd, square), square * polynomial(even, square)};
 }

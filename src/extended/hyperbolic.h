@@ -50,8 +50,8 @@ ZELK_INLINE ScaledPair half_exponential(long double x)
 // sinh x - x for |x| < 1/8 by the Taylor series; the next term is below 2^-82 of sinh x.
 ZELK_INLINE long double sinh_tail(long double x)
 {
-    constexpr long double c[] = {1.0L / 6,      1.0L / 120,      1.0L / 5040,
-                                 1.0L / 362880, 1.0L / 39916800, 1.0L / 6227020800};
+    static constexpr tables::Wide c[] = {1.0L / 6,      1.0L / 120,      1.0L / 5040,
+                                         1.0L / 362880, 1.0L / 39916800, 1.0L / 6227020800};
     const long double square = x * x;
     return x * square * polynomial(c, square);
 }

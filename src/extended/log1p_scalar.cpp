@@ -1,11 +1,18 @@
 // ln(1 + x) of one double: the 80-bit function, rounded once more.
 #include "dispatch/kernels.h"
+#include "extended/logarithm.h"
 
 namespace zelk::ZELK_TIER {
 
 double log1p_scalar(double x)
 {
-    return static_cast<double>(log1pl_scalar(x));
+    // 2^-66 <= x < 2^72, or -1 < x <= -2^-66.
+    const auto bits = __builtin_bit_cast(std::uint64_t, x);
+    const std::uint64_t top = bits >> 63 != 0 ? 0xBFF0000000000000 : 0x4470000000000000;
+    const std::uint64_t bottom = 0x3BD0000000000000 | (bits & 0x8000000000000000);
+    if (bits - bottom >= top - bottom) [[unlikely]]
+        return static_cast<double>(log1pl_scalar(x));
+    return static_cast<double>(logarithm_of_one_plus(x));
 }
 
 } // namespace zelk::ZELK_TIER

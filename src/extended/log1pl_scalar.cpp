@@ -22,9 +22,7 @@ long double log1pl_scalar(long double x)
 {
     if (!in_binades(words_of(x), -66, 72) || x <= -1.0L) [[unlikely]]
         return log1pl_special(x);
-    if (magnitude(x) <= near_bound) return rounded(log1p_near_zero({x, 0}));
-    const Pair sum = two_sum(1.0L, x);
-    return rounded(logarithm(reduce_logarithm(normalised(words_of(sum.hi)), sum.lo)));
+    return logarithm_of_one_plus(x);
 }
 
 } // namespace zelk::ZELK_TIER

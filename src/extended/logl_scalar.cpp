@@ -21,12 +21,7 @@ long double logl_scalar(long double x)
     const Words words = words_of(x);
     if (words.negative() || !in_binades(words, -16382, 16384)) [[unlikely]]
         return logl_special(x);
-    const long double f = x - 1.0L; // exact where it is used
-    if (magnitude(f) <= near_bound) {
-        if (f == 0) return 0.0L;
-        return rounded(log1p_near_zero({f, 0}));
-    }
-    return rounded(logarithm(reduce_logarithm(normalised(words))));
+    return logarithm_of(x, normalised(words));
 }
 
 } // namespace zelk::ZELK_TIER

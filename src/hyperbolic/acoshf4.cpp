@@ -6,19 +6,23 @@
 
 namespace zelk::ZELK_TIER {
 
-static std::uint32_t __zelk_internal_acosh_ss(std::uint32_t bits)
+ZELK_INLINE double2 __zelk_internal_acosh_ss(double2 x)
 {
-    if (static_cast<std::int32_t>(bits) < 0x3F800000) return 0x7FFFFFFF;
-    if (bits >= 0x7F800000) return bits;
-    if (bits == 0x3F800000) return 0; // the sum of the cubic is zero only in round to nearest
-    const double x = __builtin_bit_cast(float, bits);
-    const double y = x + scalar_square_root(x * x - 1.0);
-    return __builtin_bit_cast(std::uint32_t, static_cast<float>(table_logarithm(y)));
+    return table_logarithm(x + square_root(x * x - tables::log_d2.dbOne));
 }
 
+// Below 1 a NaN, at 1 zero (the sum of the cubic is zero only in round to nearest), infinities and NaNs x.
 [[gnu::noinline, gnu::cold]] static float4 acosh_by_lane(float4 x)
 {
-    return lane_by_lane(x, __zelk_internal_acosh_ss);
+    const auto& k = tables::inverse_hyperbolicf4;
+    const int4 below_one = as_int4(x) < as_int4(k.s_fOne);
+    const int4 not_finite = as_int4(x) >= k.s_dwPosInf;
+    const int4 computed = (as_int4(x) > as_int4(k.s_fOne)) & ~not_finite;
+    const int4 known = (below_one & k.s_dwAbsMask) | (not_finite & as_int4(x));
+    if (lane_mask(computed) == 0) return as_float4(known);
+    const float4 result = by_lane(select(computed, as_int4(x), as_int4(k.s_fTwo)),
+                                  [](double2 a) { return __zelk_internal_acosh_ss(a); });
+    return as_float4(select(computed, as_int4(result), known));
 }
 
 float4 acoshf4(float4 x)

@@ -6,18 +6,20 @@
 
 namespace zelk::ZELK_TIER {
 
-static std::uint32_t __zelk_internal_asinh_ss(std::uint32_t bits)
+ZELK_INLINE double2 __zelk_internal_asinh_ss(double2 a)
 {
-    const std::uint32_t magnitude = bits & 0x7FFFFFFF;
-    if (magnitude - 0x31800000 >= 0x4E000000) return bits; // below 2^-28, or not finite
-    const double a = __builtin_bit_cast(float, magnitude);
-    const double y = a + scalar_square_root(a * a + 1.0);
-    return __builtin_bit_cast(std::uint32_t, static_cast<float>(table_logarithm(y))) | (bits & 0x80000000);
+    return table_logarithm(a + square_root(a * a + tables::log_d2.dbOne));
 }
 
-[[gnu::noinline, gnu::cold]] static float4 asinh_by_lane(float4 x)
+[[gnu::noinline]] static float4 asinh_by_lane(float4 x)
 {
-    return lane_by_lane(x, __zelk_internal_asinh_ss);
+    const auto& k = tables::inverse_hyperbolicf4;
+    const int4 magnitude = as_int4(x) & k.s_dwAbsMask;
+    const int4 computed = (magnitude > k.s_dwAsinhTiny) & (k.s_dwPosInf > magnitude); // else x itself
+    if (lane_mask(computed) == 0) return x;
+    const float4 asinh_a = by_lane(select(computed, magnitude, as_int4(k.s_fOne)),
+                                   [](double2 a) { return __zelk_internal_asinh_ss(a); });
+    return as_float4(select(computed, as_int4(asinh_a) | (as_int4(x) & k.s_dwSignMask), as_int4(x)));
 }
 
 float4 asinhf4(float4 x)

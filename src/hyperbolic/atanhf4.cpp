@@ -7,20 +7,26 @@
 
 namespace zelk::ZELK_TIER {
 
-static std::uint32_t __zelk_internal_atanh_ss(std::uint32_t bits)
+ZELK_INLINE double2 __zelk_internal_atanh_ss(double2 a)
 {
-    const std::uint32_t magnitude = bits & 0x7FFFFFFF;
-    if (magnitude < 0x30800000) return bits; // below 2^-30
-    if (magnitude == 0x3F800000) return bits | 0x7F800000;
-    if (magnitude > 0x3F800000) return bits | 0x7FFFFFFF;
-    const double a = __builtin_bit_cast(float, magnitude);
-    const auto L = static_cast<float>(table_logarithm((1.0 - a) / (1.0 + a)));
-    return __builtin_bit_cast(std::uint32_t, L * (bits >> 31 ? 0.5f : -0.5f));
+    const double2 one = tables::log_d2.dbOne;
+    return table_logarithm((one - a) / (one + a));
 }
 
-[[gnu::noinline, gnu::cold]] static float4 atanh_by_lane(float4 x)
+// Tiny lanes are x itself, 1 gives infinity, everything beyond a NaN.
+[[gnu::noinline]] static float4 atanh_by_lane(float4 x)
 {
-    return lane_by_lane(x, __zelk_internal_atanh_ss);
+    const auto& k = tables::inverse_hyperbolicf4;
+    const int4 magnitude = as_int4(x) & k.s_dwAbsMask;
+    const int4 one = as_int4(k.s_fOne);
+    const int4 computed = (magnitude > k.s_dwAtanhTiny) & (one > magnitude);
+    const int4 known = as_int4(x) | ((magnitude == one) & k.s_dwPosInf) | ((magnitude > one) & k.s_dwAbsMask);
+    if (lane_mask(computed) == 0) return as_float4(known);
+    const float4 logarithm = by_lane(select(computed, magnitude, as_int4(k.s_dwHalf)),
+                                     [](double2 a) { return __zelk_internal_atanh_ss(a); });
+    const int4 opposite_sign = ~as_int4(x) & k.s_dwSignMask;
+    const float4 atanh_x = logarithm * as_float4(as_int4(k.s_dwHalf) | opposite_sign);
+    return as_float4(select(computed, as_int4(atanh_x), known));
 }
 
 float4 atanhf4(float4 x)

@@ -1,6 +1,7 @@
 // What asinhf4, acoshf4 and atanhf4 share: the logarithm of the vector path and that of the scalar routines.
 #pragma once
 
+#include "explog/log_d2.h"
 #include "lanes/lanes.h"
 #include "tables/inverse_hyperbolicf4.h"
 
@@ -32,24 +33,34 @@ ZELK_INLINE int4 is_squarable(float4 x, const tables::InverseHyperbolicf4& k)
     return k.s_dwHugeArg > as_int4(x);
 }
 
-// ln y of a positive normal binary64 number, to about 40 bits: y = 2^n m, ln m a cubic in each 256th of [1,
+// ln y of positive normal binary64 numbers, to about 40 bits: y = 2^n m, ln m a cubic in each 256th of [1,
 // 2).
-static inline double table_logarithm(double y)
+ZELK_INLINE double2 table_logarithm(double2 y)
 {
-    const auto bits = __builtin_bit_cast(std::uint64_t, y);
-    const int n = static_cast<int>(bits >> 52) - 1023;
-    const double m = __builtin_bit_cast(double, (bits & 0x000FFFFFFFFFFFFF) | 0x3FF0000000000000);
-    const auto& row = tables::__zelk_sp_inv_hyp_T[(bits >> 44) & 0xFF];
-    const double a3 = __builtin_bit_cast(double, row.a3);
-    const double a2 = __builtin_bit_cast(double, row.a2);
-    const double a1 = __builtin_bit_cast(double, row.a1);
-    const double a0 = __builtin_bit_cast(double, row.a0);
-    return n * 0x1.62e42fefa39efp-1 + (a3 * m + a2) * (m * m) + (a1 * m + a0); // n ln 2 + ln m
+    const Decomposedd2 parts = decompose(y);
+    const auto row = [&](int lane) {
+        return reinterpret_cast<const double*>(&tables::__zelk_sp_inv_hyp_T[high_word(y, lane) >> 12 & 0xFF]);
+    };
+    const double* const row0 = row(0);
+    const double* const row1 = row(1);
+    const __m128d a31_0 = _mm_load_pd(row0);
+    const __m128d a31_1 = _mm_load_pd(row1);
+    const __m128d a20_0 = _mm_load_pd(row0 + 2);
+    const __m128d a20_1 = _mm_load_pd(row1 + 2);
+    const double2 a3 = _mm_unpacklo_pd(a31_0, a31_1);
+    const double2 a1 = _mm_unpackhi_pd(a31_0, a31_1);
+    const double2 a2 = _mm_unpacklo_pd(a20_0, a20_1);
+    const double2 a0 = _mm_unpackhi_pd(a20_0, a20_1);
+    const double2 m = parts.m;
+    return parts.e * tables::inverse_hyperbolicf4.s_dbLn2 + (a3 * m + a2) * (m * m) + (a1 * m + a0);
 }
 
-static inline double scalar_square_root(double x)
+// The scalar routine of every lane, two lanes at a time. Lanes in which x has no business there hold a
+// harmless value instead.
+template <class Routine>
+ZELK_INLINE float4 by_lane(int4 x, Routine routine)
 {
-    return square_root(splat(x))[0];
+    return narrow(routine(widen_low(as_float4(x))), routine(widen_high(as_float4(x))));
 }
 
 } // namespace zelk::ZELK_TIER

@@ -8,9 +8,10 @@
 namespace zelk::ZELK_TIER {
 
 // arccos x from 2 arcsin sqrt((1 - |x|)/2): itself, or pi - it where x is negative.
-ZELK_INLINE float4 reflect(float4 twice_arcsine, int4 x, int4 sign, const tables::Asinf4& k)
+ZELK_INLINE float4 reflect(float4 twice_arcsine, float4 x, int4 sign, const tables::Asinf4& k)
 {
-    const float4 pi_if_negative = as_float4(as_int4(k.s_fPi) & (x >> 31));
+    const int4 negative = negative_lanes(x, k.s_dwSignMask, k.s_fOne);
+    const float4 pi_if_negative = as_float4(as_int4(k.s_fPi) & negative);
     return as_float4(as_int4(twice_arcsine) | sign) + pi_if_negative;
 }
 
@@ -22,11 +23,11 @@ float4 acosf4(float4 x)
     if constexpr (tier != Tier::A) {
         const unsigned big_lanes = lane_mask(big);
         if (big_lanes == 0) return k.s_fPi2 - x * arcsine_ratio(x * x, k);
-        if (big_lanes == all_lanes4) return reflect(twice_arcsine_of_complement(x, k), as_int4(x), sign, k);
+        if (big_lanes == all_lanes4) return reflect(twice_arcsine_of_complement(x, k), x, sign, k);
     }
     const float4 b = arcsine_of_reduced(x, big, k);
     const float4 small_result = k.s_fPi2 - as_float4(as_int4(b) | sign);
-    return select(big, reflect(b + b, as_int4(x), sign, k), small_result);
+    return select(big, reflect(b + b, x, sign, k), small_result);
 }
 
 } // namespace zelk::ZELK_TIER

@@ -6,10 +6,10 @@
 
 namespace zelk::ZELK_TIER {
 
-// |x| > 1/2 or NaN. The patterns are compared: a floating-point comparison would raise invalid for a NaN.
+// |x| > 1/2 or NaN.
 ZELK_INLINE int4 above_half(float4 x, const tables::Asinf4& k)
 {
-    return (as_int4(x) & k.s_dwAbsMask) > as_int4(k.s_fHalf);
+    return magnitude_above(x, k.s_dwAbsMask, k.s_fHalf);
 }
 
 // t = (1 - |x|)/2: arcsin |x| = pi/2 - 2 arcsin sqrt(t).

@@ -227,7 +227,11 @@ ZELK_INLINE float opaque(float x)
 }
 ZELK_INLINE double opaque(double x)
 {
+#if defined(__SSE2__)
     asm volatile("" : "+x"(x));
+#else
+    asm volatile("" : "+m"(x));
+#endif
     return x;
 }
 
@@ -321,6 +325,46 @@ ZELK_INLINE double2 lane_by_lane(double2 x, std::uint64_t (*routine)(std::uint64
     for (int lane = 0; lane < 2; ++lane)
         lanes[lane] = routine(lanes[lane]);
     return as_double2(lanes);
+}
+
+// Tier A of f4 functions on i386 has SSE alone: of the operations on integer lanes only the bitwise ones.
+// What follows compares floats there, none of which is a NaN.
+#if defined(__SSE2__)
+inline constexpr bool integer_lanes = true;
+#else
+inline constexpr bool integer_lanes = false;
+#endif
+
+// All ones in lanes of negative sign, zeros and NaNs included. `sign` is the sign bit.
+ZELK_INLINE int4 negative_lanes(float4 x, int4 sign, float4 one)
+{
+    if constexpr (integer_lanes)
+        return as_int4(x) >> 31;
+    else
+        return as_float4((as_int4(x) & sign) | as_int4(one)) < float4{};
+}
+// All ones where |x| > bound or x is a NaN. Raises nothing but invalid, for a signalling NaN without SSE2.
+ZELK_INLINE int4 magnitude_above(float4 x, int4 abs_mask, float4 bound)
+{
+    const int4 magnitude = as_int4(x) & abs_mask;
+    if constexpr (integer_lanes) {
+        return magnitude > as_int4(bound);
+    } else {
+        const int4 nan = (int4)_mm_cmpunord_ps(x, x);
+        return nan | (as_float4(magnitude & ~nan) > bound);
+    }
+}
+// Toward zero through 32-bit integers; lanes that these do not hold give -2^31 and raise invalid.
+ZELK_INLINE float4 truncate_through_int(float4 x)
+{
+    if constexpr (integer_lanes) {
+        return to_float4(trunc_to_int(x));
+    } else {
+        const auto lane = [](float4 at) { return _mm_cvtsi32_ss(float4{}, _mm_cvttss_si32(at)); };
+        const float4 even = _mm_unpacklo_ps(lane(x), lane(_mm_movehl_ps(x, x)));
+        const float4 odd = _mm_unpacklo_ps(lane(_mm_shuffle_ps(x, x, 1)), lane(_mm_shuffle_ps(x, x, 3)));
+        return _mm_unpacklo_ps(even, odd);
+    }
 }
 
 // The lanes of a mask, lane 0 first, through a scalar routine; the others as they are in the result.

@@ -10,7 +10,7 @@ float4 floorf4(float4 x)
     const auto& k = tables::roundingf4;
     const float4 r = truncate(x, k);
     const int4 integral = tier == Tier::A ? r == x : as_int4(r) == as_int4(x);
-    return r - as_float4(as_int4(k.s_dw3f800000) & (negative(x) & ~integral));
+    return r - as_float4(as_int4(k.s_dw3f800000) & (negative(x, k) & ~integral));
 }
 
 } // namespace zelk::ZELK_TIER

@@ -20,13 +20,10 @@ ZELK_INLINE int4 multiply_subtract(int4 a, int4 q, int4 b)
 }
 
 // For lanes with a quotient.
-ZELK_INLINE DivRem<int4> divide(int4 a, int4 b, const tables::Intdiv& k)
+ZELK_INLINE DivRem<int4> divide(int4 a, int4 b)
 {
     if constexpr (tier == Tier::A) return divide_lane_by_lane(a, b);
-    const float4 t = negated_reciprocal(to_float4(b), k);
-    const double2 low = biased_quotient(widen_low(a), widen_low(b), widen_low(t), k);
-    const double2 high = biased_quotient(widen_high(a), widen_high(b), widen_high(t), k);
-    const int4 q = join_low(trunc_to_int(low), trunc_to_int(high));
+    const int4 q = truncated_quotients(widen_low(a), widen_high(a), widen_low(b), widen_high(b));
     return {q, multiply_subtract(a, q, b)};
 }
 
@@ -37,7 +34,7 @@ ZELK_INLINE DivRem<int4> divide(int4 a, int4 b, const tables::Intdiv& k)
     const auto& k = tables::intdiv;
     const int4 zero = b == 0;
     const int4 replaced = zero | ((a == k.iNegBiggest) & (b == -1));
-    const DivRem<int4> result = divide(a, select(replaced, k.iOne, b), k);
+    const DivRem<int4> result = divide(a, select(replaced, k.iOne, b));
     return {select(zero, k.iNegBiggest, result.quotient), select(zero, a, result.remainder)};
 }
 
@@ -46,7 +43,7 @@ ZELK_INLINE DivRem<int4> divrem(int4 a, int4 b)
     const auto& k = tables::intdiv;
     if (lane_mask((b == 0) | (a == k.iNegBiggest)) != 0) [[unlikely]]
         return divide_any(a, b);
-    return divide(a, b, k);
+    return divide(a, b);
 }
 
 } // namespace zelk::ZELK_TIER

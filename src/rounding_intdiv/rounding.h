@@ -9,19 +9,13 @@
 namespace zelk::ZELK_TIER {
 
 // All ones in lanes of negative sign, zeros and NaNs included.
-ZELK_INLINE int4 negative(float4 x)
+ZELK_INLINE int4 negative(float4 x, const tables::Roundingf4& k)
 {
-    return as_int4(x) >> 31;
+    return negative_lanes(x, k.s_dwSMask, k.s_dw3f800000);
 }
 ZELK_INLINE int4 negative(double2 x)
 {
     return high_words(as_int4(x)) >> 31;
-}
-
-// Toward zero, for |x| < 2^31.
-ZELK_INLINE float4 truncate_through_int(float4 x)
-{
-    return to_float4(trunc_to_int(x));
 }
 
 // x toward zero, a zero with the sign of x; from 2^23 on, and infinities and NaNs, x itself. Tier A converts
@@ -73,7 +67,7 @@ ZELK_INLINE int4 same_lanes(double2 a, double2 b)
 ZELK_INLINE float4 round_in_current_mode(float4 x, const tables::Roundingf4& k)
 {
     const int4 sign = as_int4(x) & k.s_dwSMask;
-    const int4 beyond = (as_int4(x) ^ sign) > as_int4(k.s_dw2p23);
+    const int4 beyond = magnitude_above(x, k.s_dw7fffffff, k.s_dw2p23);
     const float4 c = as_float4((as_int4(k.s_dw2p23) & ~beyond) | sign);
     return as_float4(as_int4((x + c) - c) | sign);
 }

@@ -5,13 +5,6 @@
 
 namespace zelk::ZELK_TIER {
 
-// Rounded twice: the low 31 bits, and their sum with the top bit.
-ZELK_INLINE float4 to_float4(uint4 x, const tables::Intdiv& k)
-{
-    const float4 low = to_float4(as_int4(x) & k.iLow31Mask);
-    const float4 top = as_float4((x >> 31) | as_uint4(k.flRS31)) - k.flRS31;
-    return low + top;
-}
 ZELK_INLINE double2 widen_low(uint4 x, const tables::Intdiv& k)
 {
     return as_double2(zero_extend_low(as_int4(x)) | as_long2(k.dbRS)) - k.dbRS;
@@ -26,10 +19,8 @@ ZELK_INLINE double2 widen_high(uint4 x, const tables::Intdiv& k)
 ZELK_INLINE DivRem<uint4> divide(uint4 a, uint4 b, const tables::Intdiv& k)
 {
     if constexpr (tier == Tier::A) return divide_lane_by_lane(a, b);
-    const float4 t = negated_reciprocal(to_float4(b, k), k);
-    const double2 low = biased_quotient(widen_low(a, k), widen_low(b, k), widen_low(t), k);
-    const double2 high = biased_quotient(widen_high(a, k), widen_high(b, k), widen_high(t), k);
-    const uint4 q = as_uint4(join_low(trunc_to_int(low), trunc_to_int(high)));
+    const uint4 q =
+        as_uint4(truncated_quotients(widen_low(a, k), widen_high(a, k), widen_low(b, k), widen_high(b, k)));
     return {q, a - q * b};
 }
 

@@ -16,6 +16,13 @@ const Exp2f4 exp2f4 = {
         {
 #include "tables/exp2f4.inc"
         },
+    .flPosInf = mask32(0x7F800000),
+    .flBelow128 = mask32(0x42FFFFFF),
+    .flBelow150 = mask32(0x4315FFFF),
+    .flOne = mask32(0x3F800000),
+    .flShift = mask32(0x41C00000),
+    .flShiftUp = mask32(0x4B800000),
+    .flShiftDown = mask32(0x33800000),
 };
 
 } // namespace zelk::tables

@@ -1,6 +1,8 @@
 // Constants of the 80-bit exponential, logarithms and hyperbolic functions.
 #pragma once
 
+#include "tables/wide.h"
+
 namespace zelk::tables {
 
 // ln2_256_hi (ln2/256) is a multiple of 2^-50, ln2_hi of 2^-49: their products with the integers that the

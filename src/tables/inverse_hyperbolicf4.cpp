@@ -24,6 +24,9 @@ const InverseHyperbolicf4 inverse_hyperbolicf4 = {
     .s_fA1 = splat32(0x3F2AAABD),
     .s_fA2 = splat32(0x3ECCAF68),
     .s_fA3 = splat32(0x3E98F06F),
+    .s_dwAsinhTiny = mask32(0x317FFFFF),
+    .s_dwAtanhTiny = mask32(0x307FFFFF),
+    .s_dbLn2 = splat64(0x3FE62E42FEFA39EF),
 };
 
 const LogCubic __zelk_sp_inv_hyp_T[256] = {

@@ -27,11 +27,14 @@ struct InverseHyperbolicf4 {
     Constant<float4> s_fA1; // ln(1+f) = f - s (f - R), s = f/(2+f), R = A1 s^2 + A2 s^4 + A3 s^6
     Constant<float4> s_fA2;
     Constant<float4> s_fA3;
+    Constant<int4> s_dwAsinhTiny; // up to here, below 2^-28, asinh x is x
+    Constant<int4> s_dwAtanhTiny; // up to here, below 2^-30, atanh x is x
+    Constant<double2> s_dbLn2;    // ln 2
 };
 ZELK_TABLE InverseHyperbolicf4 inverse_hyperbolicf4;
 
 // ln m = a3 m^3 + a2 m^2 + a1 m + a0 on [1 + i/256, 1 + (i+1)/256), bit patterns of binary64.
-struct LogCubic {
+struct alignas(16) LogCubic {
     std::uint64_t a3;
     std::uint64_t a1;
     std::uint64_t a2;

@@ -12,6 +12,8 @@ struct Sqrtf4 {
     Constant<int4>
         s_dwMinNorm; // x - MinNorm > NormBound, as signed words: x is not a positive normal finite number
     Constant<int4> s_dwNormBound;
+    Constant<int4> sign_exponent; // sign and exponent field
+    Constant<float4> infinity;
 };
 ZELK_TABLE Sqrtf4 sqrtf4;
 

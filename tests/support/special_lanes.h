@@ -40,7 +40,7 @@ void check_specials(const Kernel& kernel, std::span<const Special<double>> cases
 void check_lanes_independent(const Kernel& kernel, std::span<const std::uint32_t> arguments,
                              std::span<const Rounding> roundings = all_roundings);
 
-// All kernels give the same bits for the same arguments.
+// All kernels give the same bits for the same arguments, but for those that loop over the lanes.
 void check_same_results(std::span<const Kernel> kernels, std::span<const float> arguments,
                         std::span<const Rounding> roundings = all_roundings);
 

@@ -116,8 +116,7 @@ std::string tiers(const Function& function, const std::string& target)
     if (dispatch == "plain") return "";
     if (function.lanes == "scalar") return x86_64 ? "AL" : "AJ";
     if (x86_64) return "AL";
-    if (function.lanes == "d2") return "ALN";
-    return function.lanes == "f4" || function.lanes == "c2" ? "JLN" : "AJLN"; // A of f4 and c2: not built yet
+    return function.lanes == "d2" ? "ALN" : "AJLN";
 }
 
 std::string influenced_tiers(const std::filesystem::path& source, const Function& function,

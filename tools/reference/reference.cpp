@@ -220,8 +220,8 @@ and flags; the method pages that they link to tell how results come about.
 
 **Tiers.** The entry tries the tiers of its target in the order given, and calls the first that the processor has.
 Every vector function has kernels of all tiers of the target, also those that its entry never calls: A and L on x86-64;
-on i386 A, J, L and N, double2 functions A, L and N. (On i386 tier A of the float4 and complex-float2 functions is not
-built yet; where an entry tries it, it takes J.) Scalar routines with tiers have A and L, on i386 A and J.
+on i386 A, J, L and N, double2 functions A, L and N. (On i386 tier A of the float4 functions has methods of its
+own, [i386.md](i386.md).) Scalar routines with tiers have A and L, on i386 A and J.
 
 **Neighbours.** Most kernels give a lane the same bits whatever stands beside it. Some hand a whole vector over to
 another method when one lane asks for it; the column *neighbours matter* names their tiers, measured over pairs of

@@ -2,6 +2,7 @@
 
 #include <dlfcn.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -29,20 +30,7 @@ void* library()
 std::string built_tiers(Lanes lanes)
 {
     if (is_64_bit) return "AL";
-    if (lanes == Lanes::d2) return "ALN";
-    if (lanes == Lanes::i4 || lanes == Lanes::u4) return "AJLN";
-    return "JLN"; // f4 and c2: A is not built yet
-}
-
-// What the dispatcher selects from: a tier that is not built is served by J.
-std::string selectable(std::string tiers, const std::string& built)
-{
-    std::string result;
-    for (const char tier : tiers) {
-        const char actual = built.find(tier) == std::string::npos ? 'J' : tier;
-        if (result.empty() || result.back() != actual) result += actual;
-    }
-    return result;
+    return lanes == Lanes::d2 ? "ALN" : "AJLN";
 }
 
 struct Row {
@@ -70,6 +58,14 @@ constexpr Row rows[] = {
 #include "dispatch/entries.def"
 };
 #undef ZELK_ENTRY
+
+// Those functions whose tier A on i386 is a loop over the lanes.
+#define ZELK_ENTRY(...)
+#define ZELK_LANE_LOOP(kernel) #kernel,
+constexpr std::string_view lane_loops[] = {
+#include "dispatch/entries.def"
+};
+#undef ZELK_ENTRY
 #undef ZELK_SCALAR
 
 std::vector<Entry> make_entries()
@@ -82,16 +78,18 @@ std::vector<Entry> make_entries()
                     row.lanes,
                     row.args,
                     row.results,
-                    selectable(is_64_bit ? row.tiers_x86_64 : row.tiers_i386, built),
+                    is_64_bit ? row.tiers_x86_64 : row.tiers_i386,
                     row.mask,
                     {row.a, row.b},
                     std::string_view(row.alias) == "none" ? "" : row.alias,
                     exported(row.symbol),
                     row.symbol + std::string(row.results == Results::pointer ? "Mask" : "_mask"),
                     {}};
+        const bool has_lane_loop = !is_64_bit && std::find(std::begin(lane_loops), std::end(lane_loops),
+                                                           entry.name) != std::end(lane_loops);
         for (const char tier : built) {
             const std::string symbol = entry.symbol + '.' + tier;
-            entry.kernels.push_back({symbol, tier, exported(symbol)});
+            entry.kernels.push_back({symbol, tier, exported(symbol), tier == 'A' && has_lane_loop});
         }
         list.push_back(std::move(entry));
     }
@@ -128,7 +126,14 @@ char selected_tier(std::string_view tiers, std::uint32_t feature_word)
 {
     for (const char tier : tiers)
         if (feature_word & tier_mask(tier)) return tier;
-    return tiers.back(); // 32-bit x86: J in the place of A, reached by any bit
+    return tiers.back();
+}
+
+std::vector<Kernel> without_lane_loops(std::span<const Kernel> kernels)
+{
+    std::vector<Kernel> rest(kernels.begin(), kernels.end());
+    std::erase_if(rest, [](const Kernel& kernel) { return kernel.lane_loop; });
+    return rest;
 }
 
 std::span<const Entry> entries()

@@ -18,6 +18,7 @@ struct Kernel {
     std::string symbol; // "__zelk_sinf4.L"
     char tier;
     const void* address;
+    bool lane_loop = false; // a loop over 80-bit routines: rounded once, not the method of the other tiers
 };
 
 struct Entry {
@@ -26,7 +27,7 @@ struct Entry {
     Lanes lanes;
     int args;
     Results results;
-    std::string tiers; // that the dispatcher tries on this target, in order, as far as they are built
+    std::string tiers; // that the dispatcher tries on this target, in order
     MaskKind mask;
     double substitute[2];
     std::string alias; // empty: none
@@ -36,6 +37,8 @@ struct Entry {
 };
 
 std::span<const Entry> entries();
+// The kernels of a list that share one method.
+std::vector<Kernel> without_lane_loops(std::span<const Kernel> kernels);
 const Entry& entry(std::string_view name);
 // Any exported symbol; null if there is none of that name.
 const void* exported(const std::string& symbol);

@@ -1,5 +1,6 @@
 // void zelk_call(CallFrame*): calls frame->target with the vector registers, the pointer argument, the MXCSR and
-// the registers that the convention preserves as the frame says, and stores into the frame what comes back.
+// the registers that the convention preserves as the frame says, and stores into the frame what comes back. The x87
+// rounds as the MXCSR says.
 // Offsets are those of CallFrame in call.h, the same on both targets.
 
 #define IN 0
@@ -55,6 +56,12 @@ zelk_call:
     movq GENERAL_IN+32(%rdi), %r14
     movq GENERAL_IN+40(%rdi), %r15
     ldmxcsr MXCSR_IN(%rdi)
+    movl MXCSR_IN(%rdi), %eax
+    shrl $3, %eax
+    andl $0xC00, %eax
+    orl $0x37F, %eax
+    movl %eax, 24(%rsp)
+    fldcw 24(%rsp)
     movq TARGET(%rdi), %rax
     movq POINTER(%rdi), %rdi
     movq %rsp, 16(%rsp)
@@ -133,6 +140,12 @@ zelk_call:
     movl %eax, (%esp)
     movl %esp, 20(%esp)
     ldmxcsr MXCSR_IN(%ecx)
+    movl MXCSR_IN(%ecx), %eax
+    shrl $3, %eax
+    andl $0xC00, %eax
+    orl $0x37F, %eax
+    movl %eax, 24(%esp)
+    fldcw 24(%esp)
     call *TARGET(%ecx)
     movl 8(%esp), %ecx
     stmxcsr MXCSR_OUT(%ecx)
