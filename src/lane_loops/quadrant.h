@@ -40,7 +40,7 @@ ZELK_INLINE Quadrant quadrant_of(long double x)
 // The Taylor series; the next terms are below 2^-71.
 ZELK_INLINE long double sine_of(long double r)
 {
-    constexpr long double c[] = {-1.0L / 6,
+    static constexpr tables::Wide c[] = {-1.0L / 6,
                                  1.0L / 120,
                                  -1.0L / 5040,
                                  1.0L / 362880,
@@ -54,7 +54,7 @@ ZELK_INLINE long double sine_of(long double r)
 }
 ZELK_INLINE long double cosine_of(long double r)
 {
-    constexpr long double c[] = {-0.5L,
+    static constexpr tables::Wide c[] = {-0.5L,
                                  1.0L / 24,
                                  -1.0L / 720,
                                  1.0L / 40320,
