@@ -10,7 +10,7 @@ ZELK_BEGIN_DECLARATIONS
  * differ between processor models. */
 
 /* sqrt x on four binary32 lanes, x >= 0.
- * Error: 3.7 ulp when all lanes are positive normal finite numbers; otherwise all lanes are correctly
+ * Error: 4.0 ulp when all lanes are positive normal finite numbers; otherwise all lanes are correctly
  * rounded. Special: -0 gives -0, +inf gives +inf; a negative number or -inf gives NaN and raises invalid; a
  * NaN gives the quieted NaN, a signalling one raises invalid. Method: x times the estimate of 1/sqrt x
  * refined by one Newton step; the hardware square root otherwise. */
@@ -81,20 +81,20 @@ zelk_double2 __zelk_invcbrt2(zelk_double2 x);
 zelk_float4 __zelk_erff4(zelk_float4 x);
 
 /* erf x on two binary64 lanes, any x.
- * Error: 0.68 ulp; 0.80 ulp just above the smallest normal number.
+ * Error: 0.68 ulp; 0.84 ulp just above the smallest normal number.
  * Special: as __zelk_erff4, with +-1 for |x| >= 6.
  * Method: a polynomial of degree 13 per quarter of a binade. */
 zelk_double2 __zelk_erf2(zelk_double2 x);
 
 /* erfc x on four binary32 lanes, any x.
- * Error: 2.05 ulp (|x| < 1/16 1.60; to 2 0.63; to 4 1.04; to 8 1.68; subnormal results 0.83).
+ * Error: 2.09 ulp (|x| < 1/16 1.60; to 2 0.63; to 4 1.04; to 8 1.68; subnormal results 0.83).
  * Special: zeros give 1, +inf +0, -inf 2, without a flag; x >= 10.054195 underflows to +0, x <= -10.054195
  * gives 2; a NaN gives the quieted NaN, a signalling one raises invalid. Method: e^(-x^2) times a cubic in
  * |x| per sixteenth of a binade, in binary64. */
 zelk_float4 __zelk_erfcf4(zelk_float4 x);
 
 /* erfc x on two binary64 lanes, any x.
- * Error: 1.25 ulp (|x| < 1 0.77; to 8 0.65; subnormal results 0.75).
+ * Error: 1.30 ulp (|x| < 1 0.87; to 8 0.65; subnormal results 0.75).
  * Special: as __zelk_erfcf4, with the ends at 27.226017.
  * Method: e^(-x^2), x^2 in three parts, times a polynomial of degree 12 per quarter of a binade; the product
  * is rounded once. */

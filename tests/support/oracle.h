@@ -15,17 +15,9 @@
 
 #include "call.h"
 #include "entries.h"
+#include "exact.h"
 
 namespace zelk::test {
-
-class Exact {
-public:
-    explicit Exact(mpfr_prec_t precision = 220) { mpfr_init2(value, precision); }
-    ~Exact() { mpfr_clear(value); }
-    Exact(const Exact&) = delete;
-    Exact& operator=(const Exact&) = delete;
-    mpfr_t value;
-};
 
 // The exact function: an MPFR function, or anything with its signature.
 using Unary = std::function<void(mpfr_ptr, mpfr_srcptr)>;
@@ -76,16 +68,8 @@ void expect_directed_error_within(double bound_ulp, const Kernel& kernel, std::s
 void expect_directed_error_within(double bound_ulp, const Kernel& kernel, std::span<const double> xs,
                                   const Unary& exact);
 
-// Arguments. Every sequence is reproducible. The environment variable ZELK_SURVEY multiplies the counts, for
+// Arguments, from reproducible sequences. The environment variable ZELK_SURVEY multiplies the counts, for
 // a measurement that takes longer than a test should.
-class Random {
-public:
-    explicit Random(std::uint64_t seed) : state_(seed) {}
-    std::uint64_t next();
-
-private:
-    std::uint64_t state_;
-};
 std::size_t scaled(std::size_t count); // by ZELK_SURVEY
 // Uniform over the representable numbers between two of the same sign (uniform in the bit pattern).
 std::vector<float> sample_patterns(float from, float to, std::size_t count, std::uint64_t seed = 1);

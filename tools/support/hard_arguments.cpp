@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <limits>
 
-namespace zelk::test {
+namespace zelk {
 
 namespace {
 
@@ -85,4 +85,4 @@ std::vector<long double> near_multiples_of_half_pi_l(int step)
     return all_exponents<long double>(step);
 }
 
-} // namespace zelk::test
+} // namespace zelk
