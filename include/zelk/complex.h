@@ -61,7 +61,7 @@ zelk_cfloat2 __zelk_clogf2(zelk_cfloat2 z);
 zelk_complex_float clogf_scalar(zelk_complex_float z);
 
 /* ln z of one complex number with binary64 parts.
- * Error: real part 0.501 ulp for ||z|^2 - 1| < 0.03, 0.53 elsewhere; imaginary part 0.501.
+ * Error: 0.501 ulp in the real part for ||z|^2 - 1| < 0.03, 0.53 elsewhere; 0.501 in the imaginary part.
  * Special: as __zelk_clogf2; zero z raises divide-by-zero.
  * Method: ln |z|^2 in extended precision, near one by log1p of |z|^2 - 1 formed without cancellation;
  * atan2_scalar. Needs the x87 precision control at 64 bits, as the platform has it. */
