@@ -1,21 +1,15 @@
 // Arc sine and arc cosine, vectors of both precisions.
+#include "extremes.h"
 #include "remembered.h"
 #include "special_lanes.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 namespace zelk::test {
 namespace {
 
-template <class T>
-constexpr T infinity = std::numeric_limits<T>::infinity();
-template <class T>
-constexpr T largest = std::numeric_limits<T>::max();
-template <class T>
-constexpr T quiet_nan = std::numeric_limits<T>::quiet_NaN();
 template <class T>
 constexpr T signalling_nan = T{};
 template <>

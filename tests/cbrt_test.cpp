@@ -1,25 +1,14 @@
 // Cube roots and reciprocal cube roots.
+#include "extremes.h"
 #include "oracle.h"
 #include "special_lanes.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 namespace zelk::test {
 namespace {
-
-template <class T>
-constexpr T infinity = std::numeric_limits<T>::infinity();
-template <class T>
-constexpr T quiet_nan = std::numeric_limits<T>::quiet_NaN();
-template <class T>
-constexpr T smallest = std::numeric_limits<T>::denorm_min();
-template <class T>
-constexpr T smallest_normal = std::numeric_limits<T>::min();
-template <class T>
-constexpr T largest = std::numeric_limits<T>::max();
 
 void reciprocal_cube_root(mpfr_ptr result, mpfr_srcptr x)
 {

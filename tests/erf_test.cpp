@@ -1,4 +1,5 @@
 // Error functions, and the two entries that are sums.
+#include "extremes.h"
 #include "oracle.h"
 #include "special_lanes.h"
 #include "symmetry.h"
@@ -7,21 +8,9 @@
 
 #include <bit>
 #include <cmath>
-#include <limits>
 
 namespace zelk::test {
 namespace {
-
-template <class T>
-constexpr T infinity = std::numeric_limits<T>::infinity();
-template <class T>
-constexpr T quiet_nan = std::numeric_limits<T>::quiet_NaN();
-template <class T>
-constexpr T smallest = std::numeric_limits<T>::denorm_min();
-template <class T>
-constexpr T smallest_normal = std::numeric_limits<T>::min();
-template <class T>
-constexpr T largest = std::numeric_limits<T>::max();
 
 const Unary erf = mpfr_unary(mpfr_erf);
 const Unary erfc = mpfr_unary(mpfr_erfc);

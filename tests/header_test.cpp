@@ -128,8 +128,7 @@ Declared storing(const char* name, typename Signature<Lanes, vectors>::Storing* 
 #define ZELK_SCALAR_TIERS(name, signature, x86_64, i386) ZELK_SCALAR_TIERS_##i386(name, signature)
 #endif
 #define ZELK_SCALAR(kernel, signature, ...)                                                                  \
-    declared<ZELK_SIGNATURE_##signature>(#kernel, kernel),                                                   \
-        ZELK_SCALAR_TIERS(kernel, signature, __VA_ARGS__)
+    declared<ZELK_SIGNATURE_##signature>(#kernel, kernel), ZELK_SCALAR_TIERS(kernel, signature, __VA_ARGS__)
 #define ZELK_DATA(name, type, entries, values)                                                               \
     declared_table<type, sizeof(type) * entries * values>(#name, name),
 

@@ -1,4 +1,5 @@
 // Square roots and reciprocal square roots.
+#include "extremes.h"
 #include "oracle.h"
 #include "special_lanes.h"
 
@@ -6,21 +7,9 @@
 
 #include <bit>
 #include <cmath>
-#include <limits>
 
 namespace zelk::test {
 namespace {
-
-template <class T>
-constexpr T infinity = std::numeric_limits<T>::infinity();
-template <class T>
-constexpr T quiet_nan = std::numeric_limits<T>::quiet_NaN();
-template <class T>
-constexpr T smallest = std::numeric_limits<T>::denorm_min();
-template <class T>
-constexpr T smallest_normal = std::numeric_limits<T>::min();
-template <class T>
-constexpr T largest = std::numeric_limits<T>::max();
 
 TEST(Sqrt, ErrorByPath)
 {

@@ -13,8 +13,8 @@
  * name ends in a point and the tier letter, which C cannot write: __zelk_sinf4_L is the exported
  * __zelk_sinf4.L. x86-64 has the tiers A (SSE2) and L (SSE3), 32-bit x86 besides J (SSE2) and N (SSE4.1); its
  * tier A is SSE and the x87 for float4 and cfloat2, SSE2 for the others. A kernel above what the processor
- * offers traps. Scalar routines with tiers have A and L on x86-64, A and J on 32-bit x86: acos_scalar_A is the
- * exported acos_scalar.A.
+ * offers traps. Scalar routines with tiers have A and L on x86-64, A and J on 32-bit x86: acos_scalar_A is
+ * the exported acos_scalar.A.
  *
  * One line per function here; the functions themselves are declared and described in the headers of their
  * families. */

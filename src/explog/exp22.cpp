@@ -16,7 +16,8 @@ ZELK_INLINE double2 power_of_two(double2 x, const Exp22& k)
     const double2 r = (k.Shifter - shifted) + x;
     const int4 word = as_int4(shifted);
     const double2 power = double2{k.Table[word[0] & 127], k.Table[word[2] & 127]};
-    const double2 scale = as_double2(((as_ulong2(shifted) + (ulong2)k.Bias.value) & (ulong2)k.IntMask.value) << 45);
+    const double2 scale =
+        as_double2(((as_ulong2(shifted) + (ulong2)k.Bias.value) & (ulong2)k.IntMask.value) << 45);
 
     const double2 q = r * r;
     const double2 a = (k.P4 * q + k.P2) * q;
