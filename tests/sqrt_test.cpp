@@ -29,8 +29,10 @@ TEST(Sqrt, ErrorByPath)
                             kernel.symbol, "subnormal");
     }
     for (const auto& kernel : entry("invsqrtf4").kernels) {
-        expect_error_within(2.45, worst_error(kernel.address, normal, mpfr_unary(mpfr_rec_sqrt)),
-                            kernel.symbol, "fast");
+        // With the largest error of one processor's estimates.
+        expect_error_within(
+            2.63, worst_error(kernel.address, joined(normal, {0x1.0570e6p-112f}), mpfr_unary(mpfr_rec_sqrt)),
+            kernel.symbol, "fast");
         expect_error_within(1.5,
                             worst_error(kernel.address,
                                         sample_patterns(smallest<float>, 0x1.fffffcp-127f, 5000),

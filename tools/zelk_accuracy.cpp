@@ -27,6 +27,7 @@ Measures the errors of every vector function, or of those named, against MPFR, a
   --radius N        neighbours on each side of every threshold (256)
   --refine N        times that the surroundings of the worst arguments are searched (3); 0 searches none
   --exhaustive      round to nearest over every argument, where an argument is one binary32 number
+  --exhaustive-entry NAME  so for this entry only; may be given several times
   --threads N       threads (one for each processor)
   --state DIR       keep what is done there and skip what is found complete (accuracy-state)
   --csv FILE        write the table of all kernels and paths
@@ -49,6 +50,7 @@ struct Options {
     std::string csv;
     std::string markdown;
     std::string check;
+    std::vector<std::string> exhausted_entries;
     bool exhaustive = false;
     bool families = false;
     bool help = false;
@@ -77,13 +79,13 @@ Options read_options(int argc, char** argv)
         }
         const auto is_any_of = [&](auto... names) { return ((name == names) || ...); };
         if (!is_any_of("--entry", "--tier", "--samples", "--radius", "--refine", "--threads", "--state",
-                       "--csv", "--markdown", "--check"))
+                       "--csv", "--markdown", "--check", "--exhaustive-entry"))
             throw Error("no option " + name + "; see --help");
         if (++i == argc) throw Error(name + " needs a value");
         const std::string value = argv[i];
-        if (name == "--entry") {
+        if (name == "--entry" || name == "--exhaustive-entry") {
             if (!find_function(value)) throw Error("no entry " + value);
-            options.entries.push_back(value);
+            (name == "--entry" ? options.entries : options.exhausted_entries).push_back(value);
         }
         if (name == "--tier")
             options.tier = value.size() == 1 ? value[0] : throw Error("a tier is one letter");
@@ -113,18 +115,20 @@ void show_progress(const Entry& entry, double share)
 
 bool is_exhaustive(const Options& options, const Entry& entry)
 {
-    return options.exhaustive && can_be_exhausted(entry);
+    const bool is_named =
+        std::ranges::find(options.exhausted_entries, entry.name) != options.exhausted_entries.end();
+    return (options.exhaustive || is_named) && can_be_exhausted(entry);
 }
 
 std::string question(const Options& options, const Entry& entry, const Kernel& kernel)
 {
     const auto arguments =
         survey_arguments(entry, *find_function(entry.name), {.samples = 20000, .radius = 4});
-    return "samples " + std::to_string(options.amount.samples) + ", radius " +
-           std::to_string(options.amount.radius) +
-           (is_exhaustive(options, entry)
-                ? ", exhaustive"
-                : ", refined " + std::to_string(options.amount.refinements) + " times") +
+    return (is_exhaustive(options, entry)
+                ? "exhaustive"
+                : "samples " + std::to_string(options.amount.samples) + ", radius " +
+                      std::to_string(options.amount.radius) + ", refined " +
+                      std::to_string(options.amount.refinements) + " times") +
            ", results " + std::to_string(hash_of_results(entry, kernel, arguments));
 }
 
