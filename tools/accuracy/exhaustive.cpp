@@ -71,10 +71,11 @@ private:
             const double x = static_cast<double>(number_of(first + static_cast<std::uint32_t>(i)));
             return path_of(function_, binary32, x, 0, ordinary);
         };
-        const std::size_t path_of_first = path_at(1 % count); // zero is no subnormal number
+        const bool starts_at_zero = first << 1 == 0; // which is no subnormal number
+        const std::size_t path_of_first = path_at(1 % count);
         const bool same = path_of_first == path_at(count - 1);
         for (std::size_t i = 0; i < count; ++i) {
-            path_[i] = same ? path_of_first : path_at(i);
+            path_[i] = same && !(starts_at_zero && i == 0) ? path_of_first : path_at(i);
             const double magnitude = std::fabs(values[i].value);
             if (magnitude < 0x1p-126 && magnitude > 0 && path_[i] + 2 < paths_) path_[i] = paths_ - 1;
         }
