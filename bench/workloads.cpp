@@ -174,7 +174,7 @@ struct Row {
     Exact exact;
 };
 
-// Every vector function of the list, also those still to be written.
+// Every vector function of the list.
 const Row rows[] = {
     {"sin", "sinf4", "sin2", circular, unary([](auto x) { return std::sin(x); }), {mpfr_sin}},
     {"cos", "cosf4", "cos2", circular, unary([](auto x) { return std::cos(x); }), {mpfr_cos}},
