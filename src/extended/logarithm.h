@@ -21,10 +21,8 @@ ZELK_INLINE LogarithmReduction reduce_logarithm(Normalised x, long double low = 
     const long double r = tables::_rop_double_rcp_table_256[j];
     const tables::HiLo minus_log_r = tables::_rop_logl_table_256[j];
     // m in two halves of 32 bits: r has 11, so that both products are exact.
-    const long double m_hi =
-        static_cast<long double>(static_cast<std::int64_t>(x.significand >> 32)) * 0x1p-31L;
-    const long double m_lo =
-        static_cast<long double>(static_cast<std::int64_t>(x.significand & 0xFFFFFFFF)) * 0x1p-63L;
+    const long double m_hi = from_integer(static_cast<std::uint32_t>(x.significand >> 32)) * 0x1p-31L;
+    const long double m_lo = from_integer(static_cast<std::uint32_t>(x.significand)) * 0x1p-63L;
     Pair f = settled(two_sum(m_hi * r - 1.0L, m_lo * r));
     if (low != 0) f = two_sum(f.hi, f.lo + low * power_of_two(-x.exponent) * r);
 
