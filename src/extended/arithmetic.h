@@ -198,6 +198,14 @@ ZELK_INLINE long double polynomial(const tables::Wide (&c)[n], long double z)
         return c[i] + z * polynomial<i + 1>(c, z);
 }
 
+// x + x^3 P(x^2)
+template <std::size_t n>
+ZELK_INLINE long double odd_polynomial(const tables::Wide (&P)[n], long double x)
+{
+    const long double square = x * x;
+    return x + x * square * polynomial(P, square);
+}
+
 // hi + lo, |lo| at most half an ulp of hi or a little above it.
 struct Pair {
     long double hi;

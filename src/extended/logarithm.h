@@ -59,14 +59,18 @@ ZELK_INLINE Pair log1p_near_zero(Pair f)
 }
 inline constexpr long double near_bound = 0x1p-9L;
 
+// ln x, |x - 1| <= 2^-9
+ZELK_INLINE long double logarithm_near_one(long double x)
+{
+    const long double f = x - 1.0L; // exact
+    return f == 0 ? 0.0L : rounded(log1p_near_zero({f, 0}));
+}
+
 // ln x of a positive normal number that is 2^exponent times the significand.
 ZELK_INLINE long double logarithm_of(long double x, Normalised parts)
 {
-    const long double f = x - 1.0L; // exact where it is used
-    if (magnitude(f) <= near_bound) [[unlikely]] {
-        if (f == 0) return 0.0L;
-        return rounded(log1p_near_zero({f, 0}));
-    }
+    if (magnitude(x - 1.0L) <= near_bound) [[unlikely]]
+        return logarithm_near_one(x);
     return rounded(logarithm(reduce_logarithm(parts)));
 }
 
