@@ -59,7 +59,8 @@ endforeach()
 # Scalar routines with tiers; all other scalar routines have one implementation.
 set(tiered_scalars acos_scalar atan2_scalar cexpf_scalar csqrtf_scalar log_scalar log1p_scalar)
 if(ZELK_TARGET STREQUAL i386)
-    list(APPEND tiered_scalars clogf_scalar)
+    list(APPEND tiered_scalars
+        acoshl_scalar asinhl_scalar atanhl_scalar clogf_scalar log1pl_scalar logl_scalar tanhl_scalar)
 endif()
 
 # Scalar routines that round to binary64 between operations, or carry a binary64 unchanged: on i386 their doubles

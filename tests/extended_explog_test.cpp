@@ -103,6 +103,8 @@ TEST(Logl, ErrorByPath)
     check(sample_interval(0.5L, 2.0L, 12000), "0.5..2");
     check(sample_interval(1 - 0x1.1p-9L, 1 + 0x1.1p-9L, 8000), "polynomial alone");
     check(one_plus(with_negatives(sample_binades(-63, -1, 4000))), "to the neighbours of 1");
+    for (const long double edge : {1 - 0x1p-9L, 1 + 0x1p-9L, 0.5L, 2.0L, 0x1.8p100L, 0x1p-16382L, 0x1p16383L})
+        check(neighbours(edge, 50), "thresholds");
     check(arguments_of_midpoints(sample_interval(1.0L, 11356.0L, 8000), mpfr_unary(mpfr_exp)), "midpoints");
     expect_errors_in_directed_modes(1.02, "logl_scalar", exact, sample_interval(0.5L, 2.0L, 1500));
 }
@@ -119,6 +121,9 @@ TEST(Log1pl, ErrorByPath)
     check(negated(sample_binades(-70, -1, 8000)), "negative, ordinary");
     check(sample_interval(-1 + 0x1p-64L, 1.0L, 6000), "-1..1");
     check(sample_interval(-0x1.1p-9L, 0x1.1p-9L, 6000), "polynomial alone");
+    check(negated(one_plus(negated(sample_binades(-63, -1, 4000)))), "next to -1");
+    for (const long double edge : {0x1p-9L, -0x1p-9L, -0.5L, -1 + 0x1p-62L, 0x1p53L, 0x1p64L, 0x1p72L})
+        check(neighbours(edge, 3), "thresholds");
     check(arguments_of_midpoints(sample_interval(1.0L, 11356.0L, 4000), mpfr_unary(mpfr_expm1)), "midpoints");
     expect_errors_in_directed_modes(1.02, "log1pl_scalar", exact, sample_interval(-0.999L, 2.0L, 1500));
 }

@@ -118,6 +118,7 @@ Declared storing(const char* name, typename Signature<Lanes, vectors>::Storing* 
 #define ZELK_SCALAR_TIER(name, signature, tier)                                                              \
     declared<ZELK_SIGNATURE_##signature>(#name "." #tier, name##_##tier),
 #define ZELK_SCALAR_TIERS_plain(name, signature)
+#define ZELK_SCALAR_TIERS_JA_hidden(name, signature)
 #define ZELK_SCALAR_TIERS_LA(name, signature)                                                                \
     ZELK_SCALAR_TIER(name, signature, A) ZELK_SCALAR_TIER(name, signature, L)
 #define ZELK_SCALAR_TIERS_JA(name, signature)                                                                \

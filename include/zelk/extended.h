@@ -28,12 +28,12 @@ long double expl_scalar(long double x);
 /* ln x, x > 0. Error: 0.502 ulp.
  * Special: +-0 gives -inf and raises divide-by-zero; x < 0 gives NaN and raises invalid; 1 gives +0 in every
  * rounding mode; +inf gives +inf. Method: exponent, a table of 256 reciprocals and their logarithms, a
- * polynomial of degree 9; that alone next to 1. */
+ * polynomial of degree 8 in pieces of binary64; a polynomial alone next to 1. */
 long double logl_scalar(long double x);
 
 /* ln(1 + x), x > -1. Error: 0.502 ulp.
  * Special: +-0 gives +-0; -1 gives -inf and raises divide-by-zero; x < -1 gives NaN and raises invalid; +inf
- * gives +inf. Method: logl_scalar's with 1 + x as a pair of numbers. */
+ * gives +inf. Method: logl_scalar's with 1 + x as two binary64. */
 long double log1pl_scalar(long double x);
 
 /* ln x and ln(1 + x) in binary64. Error: 0.504 ulp; tier A on 32-bit x86: 0.501 ulp.
@@ -46,8 +46,8 @@ double log1p_scalar(double x);
 
 /* sinh x, cosh x, tanh x. Errors: 0.52, 0.503, 0.51 ulp.
  * Special: +-0 gives +-0 (cosh 1); +-inf gives +-inf (cosh +inf, tanh +-1); above 11357.2 sinh and cosh
- * overflow. Method: polynomials below 1/8; e^x and e^-x of one reduction; tanh = 1 - 2/(e^2x + 1) in pairs of
- * numbers. */
+ * overflow. Method: polynomials below 1/8; e^x and e^-x of one reduction; tanh = 1 - 2/(e^2x + 1) in pieces of
+ * binary64. */
 long double sinhl_scalar(long double x);
 long double coshl_scalar(long double x);
 long double tanhl_scalar(long double x);
@@ -57,8 +57,8 @@ void sinhcoshl_scalar(long double* sinh_x, long double* cosh_x, long double x);
 
 /* asinh x; acosh x, x >= 1; atanh x, |x| <= 1. Errors: 0.502, 0.502, 0.503 ulp.
  * Special: +-0 gives +-0; asinh +-inf gives +-inf; acosh 1 gives +0, +inf gives +inf; atanh +-1 gives +-inf
- * and raises divide-by-zero; outside the domain NaN and invalid. Method: polynomials below 1/16, logarithms
- * of pairs of numbers above. */
+ * and raises divide-by-zero; outside the domain NaN and invalid. Method: polynomials below 1/16, above
+ * the logarithm of a binary64 next to the exact argument and a correction. */
 long double asinhl_scalar(long double x);
 long double acoshl_scalar(long double x);
 long double atanhl_scalar(long double x);

@@ -16,8 +16,11 @@ struct ExtendedFunctions {
     {
         return atan2l_scalar(y, x);
     }
-    [[gnu::always_inline]] static long double logarithm(long double x) { return logl_scalar(x); }
-    [[gnu::always_inline]] static long double logarithm1p(long double x) { return log1pl_scalar(x); }
+    [[gnu::always_inline]] static long double logarithm(long double x) { return dispatched::logl_scalar(x); }
+    [[gnu::always_inline]] static long double logarithm1p(long double x)
+    {
+        return dispatched::log1pl_scalar(x);
+    }
 };
 } // namespace
 
@@ -34,7 +37,7 @@ ZELK_INLINE complex_double cacos_on_real_axis(double x, double y)
 {
     if (magnitude_pattern(x) < magnitude_pattern(1.0))
         return make_complex(static_cast<double>(acosl_scalar(x)), -y);
-    const auto t = static_cast<double>(acoshl_scalar(magnitude(x)));
+    const auto t = static_cast<double>(dispatched::acoshl_scalar(magnitude(x)));
     return make_complex(x < 0 ? quarters.pi : 0.0, with_sign_of(t, -y));
 }
 
@@ -42,7 +45,8 @@ complex_double cacos_scalar(complex_double z)
 {
     const double x = real(z);
     const double y = imag(z);
-    if (is_zero(x)) return make_complex(quarters.pi_2, static_cast<double>(asinhl_scalar(y) * -1.0L));
+    if (is_zero(x))
+        return make_complex(quarters.pi_2, static_cast<double>(dispatched::asinhl_scalar(y) * -1.0L));
     if (!is_finite(x) || !is_finite(y)) [[unlikely]]
         return special_cacos(x, y, quarters);
     if (is_zero(y)) return cacos_on_real_axis(x, y);

@@ -33,7 +33,7 @@ ZELK_INLINE complex_float cacosf_on_real_axis(float x, float y)
 {
     if (magnitude_pattern(x) < magnitude_pattern(1.0f))
         return make_complex(static_cast<float>(acosl_scalar(x)), -y);
-    const auto t = static_cast<float>(acoshl_scalar(__builtin_fabsf(x)));
+    const auto t = static_cast<float>(dispatched::acoshl_scalar(__builtin_fabsf(x)));
     return make_complex(x < 0 ? quarters.pi : 0.0f, with_sign_of(t, -y));
 }
 
@@ -41,7 +41,8 @@ complex_float cacosf_scalar(complex_float z)
 {
     const float x = real(z);
     const float y = imag(z);
-    if (is_zero(x)) return make_complex(quarters.pi_2, static_cast<float>(asinhl_scalar(y) * -1.0L));
+    if (is_zero(x))
+        return make_complex(quarters.pi_2, static_cast<float>(dispatched::asinhl_scalar(y) * -1.0L));
     if (!is_finite(x) || !is_finite(y)) [[unlikely]]
         return special_cacos(x, y, quarters);
     if (is_zero(y)) return cacosf_on_real_axis(x, y);

@@ -40,8 +40,8 @@ ZELK_INLINE long double log_modulus(double x, double y)
     const long double a = ax > ay ? ax : ay;
     const long double b = ax > ay ? ay : ax;
     const long double s = a * a + b * b;
-    if (magnitude(s - 1.0L) < pc_thresh) return 0.5L * log1pl_scalar(distance_from_one(a, b));
-    return 0.5L * logl_scalar(s);
+    if (magnitude(s - 1.0L) < pc_thresh) return 0.5L * dispatched::log1pl_scalar(distance_from_one(a, b));
+    return 0.5L * dispatched::logl_scalar(s);
 }
 
 // A part is infinite or a NaN.

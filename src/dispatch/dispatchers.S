@@ -20,6 +20,7 @@
 #define ZELK_TIERS_A A
 #define ZELK_TIERS_LA L, A
 #define ZELK_TIERS_JA J, A
+#define ZELK_TIERS_JA_hidden J, A
 #define ZELK_TIERS_NA N, A
 #define ZELK_TIERS_NLA N, L, A
 #define ZELK_TIERS_LJA L, J, A

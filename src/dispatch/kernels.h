@@ -51,6 +51,7 @@ namespace zelk::ZELK_TIER {
 #define ZELK_SYMBOL_plain(kernel) #kernel
 #define ZELK_SYMBOL_LA(kernel) #kernel "." ZELK_TIER_NAME
 #define ZELK_SYMBOL_JA(kernel) #kernel "." ZELK_TIER_NAME
+#define ZELK_SYMBOL_JA_hidden(kernel) #kernel "." ZELK_TIER_NAME
 #if defined(__x86_64__)
 #define ZELK_SCALAR_SYMBOL(kernel, x86_64, i386) ZELK_SYMBOL_##x86_64(kernel)
 #else

@@ -18,32 +18,13 @@ ZELK_INLINE Words stored_words(const long double& x)
     return {high << 32 | words[0], static_cast<std::uint16_t>(words[2])};
 }
 
-// +-2^n, |n| <= 126, and a number from its significand, integer bit set: out of one word in memory each.
+// +-2^n, |n| <= 126, out of one word in memory.
 ZELK_INLINE long double short_power_of_two(int n, bool negative = false)
 {
     const auto word = static_cast<std::uint32_t>(127 + n) << 23 | static_cast<std::uint32_t>(negative) << 31;
     return __builtin_bit_cast(float, word);
 }
-// An integer. In 32-bit code its halves are joined in an SSE register: a load of both at once would wait
-// until the two stores before it are done.
-ZELK_INLINE long double from_integer(std::int64_t n)
-{
-#ifdef __i386__
-    const auto low = static_cast<std::uint32_t>(n);
-    const auto high = static_cast<std::uint32_t>(n >> 32);
-    struct {
-        std::int64_t value;
-    } joined; // a member is aligned to 4 bytes, as the stack is
-    float halves;
-    float upper;
-    asm("movss %3, %1\n\tmovss %4, %2\n\tunpcklps %2, %1\n\tmovlps %1, %0"
-        : "=m"(joined.value), "=&x"(halves), "=&x"(upper)
-        : "m"(low), "m"(high));
-    return static_cast<long double>(joined.value);
-#else
-    return static_cast<long double>(n);
-#endif
-}
+// A number from its significand, integer bit set.
 ZELK_INLINE long double number_of(std::uint64_t significand)
 {
     return from_integer(static_cast<std::int64_t>(significand)) + 0x1p64L;

@@ -9,6 +9,7 @@
 #include "tables/wide.h"
 
 #include <cstddef>
+#include <xmmintrin.h>
 
 namespace zelk::ZELK_TIER {
 
@@ -69,12 +70,73 @@ ZELK_INLINE long double number_of(std::uint64_t significand, int sign_exponent)
     return both.number;
 }
 
-// 2^n, -16382 <= n <= 16383. What was stored in two pieces takes long to load in one, so most are binary64.
+// What was stored in two pieces takes long to load in one (130 cycles of waiting), and without SSE2 the
+// 32-bit target stores anything wider than an integer register in pieces.
+inline constexpr bool stores_in_halves = sizeof(void*) == 4;
+using Word [[gnu::may_alias]] = float;
+
+// An argument as it lies on the stack. Callers of the 32-bit target push it in words, and a load of 80 bits
+// would wait until these have reached the cache, after everything before them: 110 cycles. What is loaded
+// word by word and stored in the two pieces that such a load is made of is at hand.
+ZELK_INLINE long double argument(const long double& x)
+{
+    if constexpr (stores_in_halves) {
+        union {
+            struct {
+                __m64 significand;
+                std::uint16_t sign_exponent;
+            } parts;
+            long double number;
+        } copy;
+        const auto* word = reinterpret_cast<const Word*>(&x);
+        unsigned sign_exponent;
+        asm("movzwl 8(%1), %0" : "=r"(sign_exponent), "+r"(word) : "m"(x));
+        _mm_storel_pi(&copy.parts.significand, _mm_unpacklo_ps(_mm_load_ss(word), _mm_load_ss(word + 1)));
+        copy.parts.sign_exponent = static_cast<std::uint16_t>(sign_exponent);
+        asm("" : "+m"(copy));
+        return copy.number;
+    } else {
+        return x;
+    }
+}
+
+// 2^n, -16382 <= n <= 16383.
 ZELK_INLINE long double power_of_two(int n)
 {
+    if constexpr (stores_in_halves) {
+        if (static_cast<unsigned>(n + 126) <= 253) [[likely]]
+            return __builtin_bit_cast(float, (n + 127) << 23);
+    }
     if (static_cast<unsigned>(n + 1022) > 2045) [[unlikely]]
         return number_of(std::uint64_t{1} << 63, n + exponent_bias);
     return __builtin_bit_cast(double, static_cast<std::uint64_t>(n + 1023) << 52);
+}
+
+ZELK_INLINE long double from_integer(std::uint32_t n)
+{
+    if constexpr (stores_in_halves)
+        return static_cast<long double>(static_cast<std::int32_t>(n ^ 0x80000000)) + 0x1p31f;
+    else
+        return static_cast<long double>(static_cast<std::int64_t>(n));
+}
+// Where the halves would be stored apart, they are joined in an SSE register first.
+ZELK_INLINE long double from_integer(std::int64_t n)
+{
+    if constexpr (stores_in_halves) {
+        const auto low = static_cast<std::uint32_t>(n);
+        const auto high = static_cast<std::uint32_t>(n >> 32);
+        struct {
+            std::int64_t value;
+        } joined; // a member is aligned to 4 bytes, as the stack is
+        float halves;
+        float upper;
+        asm("movss %3, %1\n\tmovss %4, %2\n\tunpcklps %2, %1\n\tmovlps %1, %0"
+            : "=m"(joined.value), "=&x"(halves), "=&x"(upper)
+            : "m"(low), "m"(high));
+        return static_cast<long double>(joined.value);
+    } else {
+        return static_cast<long double>(n);
+    }
 }
 
 // The nearest integer in the current rounding mode, |x| < 2^31. (A conversion in C++ would change the control
@@ -144,6 +206,14 @@ ZELK_INLINE long double polynomial(const tables::Wide (&c)[n], long double z)
         return c[i];
     else
         return c[i] + z * polynomial<i + 1>(c, z);
+}
+
+// x + x^3 P(x^2)
+template <std::size_t n>
+ZELK_INLINE long double odd_polynomial(const tables::Wide (&P)[n], long double x)
+{
+    const long double square = x * x;
+    return x + x * square * polynomial(P, square);
 }
 
 // hi + lo, |lo| at most half an ulp of hi or a little above it.

@@ -14,8 +14,9 @@ namespace zelk::ZELK_TIER {
     return overflowed(false);
 }
 
-long double coshl_scalar(long double x)
+long double coshl_scalar(long double stacked)
 {
+    const long double x = argument(stacked);
     if (!in_binades(words_of(x), -33, 14)) [[unlikely]]
         return coshl_special(x);
     const long double size = magnitude(x);

@@ -15,8 +15,9 @@ namespace zelk::ZELK_TIER {
     return words.negative() ? underflowed(false) : overflowed(false);
 }
 
-long double expl_scalar(long double x)
+long double expl_scalar(long double stacked)
 {
+    const long double x = argument(stacked);
     if (!in_binades(words_of(x), -66, 14)) [[unlikely]]
         return expl_special(x);
     return rounded(exponential(x));

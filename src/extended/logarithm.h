@@ -21,10 +21,8 @@ ZELK_INLINE LogarithmReduction reduce_logarithm(Normalised x, long double low = 
     const long double r = tables::_rop_double_rcp_table_256[j];
     const tables::HiLo minus_log_r = tables::_rop_logl_table_256[j];
     // m in two halves of 32 bits: r has 11, so that both products are exact.
-    const long double m_hi =
-        static_cast<long double>(static_cast<std::int64_t>(x.significand >> 32)) * 0x1p-31L;
-    const long double m_lo =
-        static_cast<long double>(static_cast<std::int64_t>(x.significand & 0xFFFFFFFF)) * 0x1p-63L;
+    const long double m_hi = from_integer(static_cast<std::uint32_t>(x.significand >> 32)) * 0x1p-31L;
+    const long double m_lo = from_integer(static_cast<std::uint32_t>(x.significand)) * 0x1p-63L;
     Pair f = settled(two_sum(m_hi * r - 1.0L, m_lo * r));
     if (low != 0) f = two_sum(f.hi, f.lo + low * power_of_two(-x.exponent) * r);
 
@@ -61,14 +59,18 @@ ZELK_INLINE Pair log1p_near_zero(Pair f)
 }
 inline constexpr long double near_bound = 0x1p-9L;
 
+// ln x, |x - 1| <= 2^-9
+ZELK_INLINE long double logarithm_near_one(long double x)
+{
+    const long double f = x - 1.0L; // exact
+    return f == 0 ? 0.0L : rounded(log1p_near_zero({f, 0}));
+}
+
 // ln x of a positive normal number that is 2^exponent times the significand.
 ZELK_INLINE long double logarithm_of(long double x, Normalised parts)
 {
-    const long double f = x - 1.0L; // exact where it is used
-    if (magnitude(f) <= near_bound) [[unlikely]] {
-        if (f == 0) return 0.0L;
-        return rounded(log1p_near_zero({f, 0}));
-    }
+    if (magnitude(x - 1.0L) <= near_bound) [[unlikely]]
+        return logarithm_near_one(x);
     return rounded(logarithm(reduce_logarithm(parts)));
 }
 

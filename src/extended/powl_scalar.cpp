@@ -116,8 +116,10 @@ ZELK_INLINE long double signed_power(Normalised x, long double size, long double
     return signed_power(normalised_finite(wx), size, y, negative);
 }
 
-long double powl_scalar(long double x, long double y)
+long double powl_scalar(long double stacked_x, long double stacked_y)
 {
+    const long double x = argument(stacked_x);
+    const long double y = argument(stacked_y);
     const Words words = words_of(x);
     if (words.negative() || !in_binades(words, -16382, 16384) || !in_binades(words_of(y), -80, 80))
         [[unlikely]]

@@ -98,8 +98,8 @@ static inline Reduced reduce_large(Words x)
     // x87 unit loads.)
     const auto leading = static_cast<std::int64_t>(upper >> 32);
     const auto following = static_cast<std::int64_t>((upper << 32 | middle >> 32) >> 1);
-    const long double head = static_cast<long double>(leading) * power_of_two(exponent - 31);
-    const long double tail = static_cast<long double>(following) * power_of_two(exponent - 94);
+    const long double head = from_integer(leading) * power_of_two(exponent - 31);
+    const long double tail = from_integer(following) * power_of_two(exponent - 94);
     const auto& k = tables::extended_trig;
     const Pair rest = fast_two_sum(head * k.half_pi_head, head * k.half_pi_rest + tail * k.half_pi);
     return {octant, with_sign(beyond != x.negative(), rest)};

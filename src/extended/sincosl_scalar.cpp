@@ -5,8 +5,9 @@
 
 namespace zelk::ZELK_TIER {
 
-void sincosl_scalar(long double x, long double* sine, long double* cosine)
+void sincosl_scalar(long double stacked, long double* sine, long double* cosine)
 {
+    const long double x = argument(stacked);
     if (off_the_path(words_of(x))) [[unlikely]] {
         *sine = sine_off_the_path(x);
         *cosine = cosine_off_the_path(x);

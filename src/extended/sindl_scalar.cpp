@@ -16,8 +16,9 @@ namespace zelk::ZELK_TIER {
     return scaled_far(multiply(Pair{factor.hi, factor.lo}, significand), n.exponent);
 }
 
-long double sindl_scalar(long double x)
+long double sindl_scalar(long double stacked)
 {
+    const long double x = argument(stacked);
     const Words words = words_of(x);
     if (off_the_path(words)) [[unlikely]]
         return sine_off_the_path_in_degrees(x);

@@ -4,8 +4,9 @@
 
 namespace zelk::ZELK_TIER {
 
-void sinhcoshl_scalar(long double* sinh, long double* cosh, long double x)
+void sinhcoshl_scalar(long double* sinh, long double* cosh, long double stacked)
 {
+    const long double x = argument(stacked);
     const Words words = words_of(x);
     if (!in_binades(words, -33, 14)) [[unlikely]] {
         *sinh = sinhl_scalar(x);

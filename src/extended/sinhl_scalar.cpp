@@ -15,8 +15,9 @@ namespace zelk::ZELK_TIER {
     return overflowed(words.negative());
 }
 
-long double sinhl_scalar(long double x)
+long double sinhl_scalar(long double stacked)
 {
+    const long double x = argument(stacked);
     const Words words = words_of(x);
     if (!in_binades(words, -33, 14)) [[unlikely]]
         return sinhl_special(x);

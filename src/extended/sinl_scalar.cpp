@@ -4,8 +4,9 @@
 
 namespace zelk::ZELK_TIER {
 
-long double sinl_scalar(long double x)
+long double sinl_scalar(long double stacked)
 {
+    const long double x = argument(stacked);
     if (off_the_path(words_of(x))) [[unlikely]]
         return sine_off_the_path(x);
     const Angle angle = angle_of(x);

@@ -11,8 +11,9 @@ namespace zelk::ZELK_TIER {
     return words.zero() ? x : and_a_little(x);
 }
 
-long double tanl_scalar(long double x)
+long double tanl_scalar(long double stacked)
 {
+    const long double x = argument(stacked);
     if (off_the_path(words_of(x))) [[unlikely]]
         return tangent_off_the_path(x);
     const Angle angle = angle_of(x);

@@ -128,7 +128,9 @@ void print_vector_table(const fs::path& source, const std::vector<const Function
 void print_scalar_table(const fs::path& source, const std::vector<const Function*>& list)
 {
     std::cout << "| scalar routine | tries, x86-64 | tries, i386 | page |\n|---|---|---|---|\n";
-    const auto tries = [](const std::string& tiers) { return tiers == "plain" ? "—" : spaced(tiers); };
+    const auto tries = [](const std::string& tiers) {
+        return tiers == "plain" ? "—" : spaced(tiers.substr(0, tiers.find('_')));
+    };
     for (const Function* f : list)
         if (f->lanes == "scalar")
             std::cout << "| " << code(f->symbol) << " | " << tries(f->dispatch_x86_64) << " | "

@@ -169,7 +169,8 @@ std::span<const ScalarEntry> scalar_entries()
         std::vector<ScalarEntry> result;
         for (const Scalar& scalar : scalars) {
             const std::string tiers = is_64_bit ? scalar.tiers_x86_64 : scalar.tiers_i386;
-            result.push_back({scalar.name, scalar.signature, tiers == "plain" ? "" : tiers});
+            const bool exported = tiers != "plain" && tiers.find("_hidden") == std::string::npos;
+            result.push_back({scalar.name, scalar.signature, exported ? tiers : ""});
         }
         return result;
     }();
