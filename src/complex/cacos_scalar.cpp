@@ -2,6 +2,7 @@
 // opposite to that of z's. Method: the distances of z to +-1, in extended precision, whose range holds their
 // squares (Hull, Fairgrieve and Tang).
 #include "complex/cacos.h"
+#include "complex/cacos_parts.h"
 #include "dispatch/kernels.h"
 #include "extended/arithmetic.h"
 
@@ -41,6 +42,15 @@ ZELK_INLINE complex_double cacos_on_real_axis(double x, double y)
     return make_complex(x < 0 ? quarters.pi : 0.0, with_sign_of(t, -y));
 }
 
+// x and y finite and not zero.
+[[gnu::noinline, gnu::cold]] static complex_double cacos_of_any_size(double x, double y)
+{
+    auto [angle, modulus] = first_quadrant<ExtendedFunctions>(magnitude(static_cast<long double>(x)),
+                                                              magnitude(static_cast<long double>(y)));
+    if (x < 0) angle = __LDBL_PPI - angle;
+    return make_complex(static_cast<double>(angle), static_cast<double>(y > 0 ? -modulus : modulus));
+}
+
 complex_double cacos_scalar(complex_double z)
 {
     const double x = real(z);
@@ -51,10 +61,9 @@ complex_double cacos_scalar(complex_double z)
         return special_cacos(x, y, quarters);
     if (is_zero(y)) return cacos_on_real_axis(x, y);
 
-    auto [angle, modulus] = first_quadrant<ExtendedFunctions>(magnitude(static_cast<long double>(x)),
-                                                              magnitude(static_cast<long double>(y)));
-    if (x < 0) angle = __LDBL_PPI - angle;
-    return make_complex(static_cast<double>(angle), static_cast<double>(y > 0 ? -modulus : modulus));
+    if (!is_moderate(x) || !is_moderate(y)) [[unlikely]]
+        return cacos_of_any_size(x, y);
+    return moderate_cacos(x, y);
 }
 
 } // namespace zelk::ZELK_TIER

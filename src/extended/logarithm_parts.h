@@ -42,6 +42,15 @@ ZELK_INLINE LogarithmArgument logarithm_argument(double x)
             static_cast<int>(upper >> 20) - bias64, upper >> 12 & 255};
 }
 
+// Of hi + lo, a positive normal number. (The scale of lo out of an SSE register: a double that is put
+// together in integer registers takes long to load in 32-bit code.)
+ZELK_INLINE LogarithmArgument logarithm_argument(Parts x)
+{
+    LogarithmArgument argument = logarithm_argument(x.hi);
+    argument.m_lo += x.lo * number_from(at_exponent(bias64 - argument.k));
+    return argument;
+}
+
 // head + (middle - square + tail): the head exact and a multiple of 2^-38, middle and square below 2^-18, the
 // tail below 2^-24 and within 2^-79 but for what k ln2 adds.
 struct LogarithmParts {

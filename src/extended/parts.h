@@ -86,6 +86,13 @@ ZELK_INLINE Parts magnitude_parts(const StackedNumber& x)
     return {number_from(hi), number_from(lo) - number_from(zero)};
 }
 
+// What the x87 unit has computed, |x| < 2^1023: 53 bits and the rest.
+ZELK_INLINE Parts parts_of(long double x)
+{
+    const auto hi = static_cast<double>(x);
+    return {hi, static_cast<double>(x - hi)};
+}
+
 // The sign of x alone.
 ZELK_INLINE double sign_of(const StackedNumber& x)
 {
