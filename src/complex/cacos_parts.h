@@ -46,12 +46,6 @@ ZELK_INLINE long double small_log1p(long double x)
     return rounded(log1p_near_zero({x, 0}));
 }
 
-// 2^-100 <= |x| < 2^100. With both parts there no intermediate result leaves the normal binary64 numbers.
-ZELK_INLINE bool is_moderate(double x)
-{
-    return magnitude_pattern(x) - 0x39B0000000000000 < 0x4630000000000000 - 0x39B0000000000000;
-}
-
 // A binary64 in memory. (The compiler would rather store and load its own 80-bit copy.)
 ZELK_INLINE long double loaded(const double& x)
 {
@@ -79,11 +73,13 @@ ZELK_INLINE Region region_of(double X, double Y)
     constexpr double far_bound = A2 * A2_less_one;
     const double X2 = X * X;
     const double Y2 = Y * Y;
-    return {X2 * one_less_B2 -
-            Y2 * B2<central_bound, (X2 - Y2) < 0.5, (X2 * A2_less_one + Y2 * A2)> far_bound};
+    const bool central = X2 * one_less_B2 - Y2 * B2 < central_bound;
+    const bool steep = X2 - Y2 < 0.5;
+    return {central, steep, far_bound < X2 * A2_less_one + Y2 * A2};
 }
 
-// The formulas of first_quadrant, and arccos B = atan2(sqrt(A^2 - X^2), X) without the quotient.
+// For parts of moderate size, with which no intermediate result leaves the normal binary64 numbers: the
+// formulas of first_quadrant, and arccos B = atan2(sqrt(A^2 - X^2), X) without the quotient.
 ZELK_INLINE complex_double moderate_cacos(double x, double y)
 {
     constexpr float half = 0.5F;

@@ -80,6 +80,12 @@ ZELK_INLINE bool is_normal(Real x)
     return is_finite(x) && magnitude_pattern(x) >= normal_pattern(x);
 }
 
+// 2^-100 <= |x| < 2^100: squares and what is left over of them are far from overflow and underflow.
+ZELK_INLINE bool is_moderate(double x)
+{
+    return magnitude_pattern(x) - 0x39B0000000000000 < 0x4630000000000000 - 0x39B0000000000000;
+}
+
 // |magnitude| with the sign of y.
 ZELK_INLINE float with_sign_of(float magnitude, float y)
 {

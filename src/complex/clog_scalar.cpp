@@ -1,13 +1,15 @@
 // ln z = ln |z| + i arg z of one complex number with binary64 parts, z = x + iy.
-// Method: ln |z|^2 in extended precision, where no square overflows or underflows; near |z| = 1 by log1p of
-// |z|^2 - 1, which is formed without cancellation. The angle is atan2_scalar's.
+// Method: ln |z|^2 with more than 64 bits: of two binary64, and where their squares may overflow or underflow
+// in extended precision; near |z| = 1 by log1p of |z|^2 - 1, which is formed without cancellation. The angle
+// is atan2_scalar's.
 #include "complex/clog_special.h"
 #include "dispatch/kernels.h"
 #include "extended/arithmetic.h"
+#include "extended/logarithm_parts.h"
 
 namespace zelk::ZELK_TIER {
 
-static constexpr long double pc_thresh = 0x1.eb851eb851eb8p-6L; // 0.03
+static constexpr double pc_thresh = 0x1.eb851eb851eb8p-6; // 0.03
 
 // a^2 + b^2 - 1, |.| < 0.03, to full precision however much of it cancels: it may be 2^-158. The squares are
 // exact in two parts each; each pass adds the terms up, the largest first, and leaves the errors of the sums
@@ -33,15 +35,36 @@ ZELK_INLINE long double distance_from_one(long double a, long double b)
 }
 
 // x and y finite.
-ZELK_INLINE long double log_modulus(double x, double y)
+[[gnu::noinline]] static double log_modulus(double x, double y)
 {
     const long double ax = magnitude(x);
     const long double ay = magnitude(y);
     const long double a = ax > ay ? ax : ay;
     const long double b = ax > ay ? ay : ax;
     const long double s = a * a + b * b;
-    if (magnitude(s - 1.0L) < pc_thresh) return 0.5L * dispatched::log1pl_scalar(distance_from_one(a, b));
-    return 0.5L * dispatched::logl_scalar(s);
+    if (magnitude(s - 1.0L) < pc_thresh)
+        return static_cast<double>(0.5L * dispatched::log1pl_scalar(distance_from_one(a, b)));
+    return static_cast<double>(0.5L * dispatched::logl_scalar(s));
+}
+
+// x^2 of moderate size: 50 bits exactly, and the rest.
+ZELK_INLINE Parts square_of(double x)
+{
+    const Parts part = halves(x);
+    return {part.hi * part.hi, (part.hi + part.hi) * part.lo + part.lo * part.lo};
+}
+
+// x and y of moderate size.
+ZELK_INLINE double log_moderate_modulus(double x, double y)
+{
+    const Parts x2 = square_of(x);
+    const Parts y2 = square_of(y);
+    const Parts s = two_sum(x2.hi, y2.hi);
+    if (__builtin_fabs(s.hi - 1.0) < pc_thresh) [[unlikely]]
+        return log_modulus(x, y);
+    const LogarithmParts log = logarithm_parts(logarithm_argument({s.hi, s.lo + (x2.lo + y2.lo)}));
+    // All but the head is below 2^-17, and the sum above 2^-6.
+    return 0.5 * (log.head + ((log.middle - log.square) + log.tail));
 }
 
 // A part is infinite or a NaN.
@@ -55,7 +78,9 @@ ZELK_INLINE complex_double internal_clog(double x, double y)
 {
     if (!is_finite(x) || !is_finite(y)) [[unlikely]]
         return clog_not_finite(x, y);
-    return make_complex(static_cast<double>(log_modulus(x, y)), dispatched::atan2_scalar(y, x));
+    const bool moderate = is_moderate(x) && is_moderate(y);
+    const double re = moderate ? log_moderate_modulus(x, y) : log_modulus(x, y);
+    return make_complex(re, dispatched::atan2_scalar(y, x));
 }
 
 complex_double clog_scalar(complex_double z)
