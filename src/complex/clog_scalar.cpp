@@ -79,8 +79,8 @@ ZELK_INLINE complex_double internal_clog(double x, double y)
     if (!is_finite(x) || !is_finite(y)) [[unlikely]]
         return clog_not_finite(x, y);
     const bool moderate = is_moderate(x) && is_moderate(y);
-    const double re = moderate ? log_moderate_modulus(x, y) : log_modulus(x, y);
-    return make_complex(re, dispatched::atan2_scalar(y, x));
+    const double im = dispatched::atan2_scalar(y, x);
+    return make_complex(moderate ? log_moderate_modulus(x, y) : log_modulus(x, y), im);
 }
 
 complex_double clog_scalar(complex_double z)

@@ -9,29 +9,60 @@
 
 namespace zelk::ZELK_TIER {
 
-// The nearest multiple of 1/64 to u/v, 0 < u <= v. A quotient that is surely below 2^-7 is not formed: it
-// could underflow.
-ZELK_INLINE int nearest_64th(double u, double v)
+ZELK_INLINE unsigned upper_word_of_magnitude(double x)
 {
-    const auto high_u = static_cast<std::int32_t>(__builtin_bit_cast(std::uint64_t, u) >> 32);
-    const auto high_v = static_cast<std::int32_t>(__builtin_bit_cast(std::uint64_t, v) >> 32);
-    if (high_v - high_u > 8 << 20) return 0;
-    return static_cast<int>(u / v * 64.0 + 0.5);
+    return static_cast<unsigned>(__builtin_bit_cast(std::uint64_t, x) >> 32) & 0x7FFFFFFF;
 }
 
-// arctan(u/v), 0 < u <= v.
-ZELK_INLINE long double arctangent_of_ratio(double u, double v)
+// The angle of (x, y) from that of (v, u), 0 < u <= v.
+struct Octant {
+    const tables::Wide& base;
+    bool minus; // base - angle
+    bool below;
+};
+ZELK_INLINE double in_octant(Octant octant, long double angle)
 {
+    const long double whole = octant.minus ? octant.base - angle : octant.base + angle;
+    return static_cast<double>(octant.below ? -whole : whole);
+}
+
+// u/v < 2^-7. What is formed of binary64 elsewhere could underflow here.
+[[gnu::noinline]] static double far_angle(double u, double v, Octant octant)
+{
+    const long double r = static_cast<long double>(u) / v;
+    const long double s = r * r;
+    const auto& a = tables::atan2_scalar.taylor;
+    const long double series = ((a[3] * s + a[2]) * s + a[1]) * s + a[0];
+    return in_octant(octant, r + (r * s) * series);
+}
+
+// y and x not zero.
+ZELK_INLINE double angle_of(double y, double x)
+{
+    const double ay = __builtin_fabs(y);
+    const double ax = __builtin_fabs(x);
+    const double u = ay < ax ? ay : ax;
+    const double v = ay > ax ? ay : ax;
     const auto& k = tables::atan2_scalar;
-    const int n = nearest_64th(u, v);
-    const long double c = 0x1p-6L * static_cast<long double>(n);
+    const bool steep = ay > ax;
+    const bool left = x < 0;
+    const Octant octant = {k.base[2 * steep + left], steep != left, y < 0};
+    if (upper_word_of_magnitude(v) - upper_word_of_magnitude(u) > 8 << 20) [[unlikely]]
+        return far_angle(u, v, octant);
+    const auto n = static_cast<int>(u / v * 64.0 + 0.5);
+    const auto& row = k.row[n];
+
     // c has 7 significant bits, so that c v is exact. So is the difference: it is below v/128, and u, if n is
     // not 0, above v/129.
+    const long double c = row.c;
     const long double r = (u - c * v) / (v + c * u);
-    const long double s = r * r;
+    // What is below 2^-15 of the series may have 53 bits.
+    const auto rounded_r = static_cast<double>(r);
+    const double z = rounded_r * rounded_r;
     const auto& a = k.taylor;
-    const long double series = ((a[3] * s + a[2]) * s + a[1]) * s + a[0];
-    return k.angle[n] + (r + (r * s) * series);
+    const double rest = z * ((a[1].hi + z * a[2].hi) + (z * z) * a[3].hi);
+    const long double angle = row.angle + (r + (r * (r * r)) * (a[0] + rest));
+    return in_octant(octant, angle);
 }
 
 double atan2_scalar(double y, double x)
@@ -44,21 +75,13 @@ double atan2_scalar(double y, double x)
             : "st(1)");
         return static_cast<double>(result);
     } else {
-        double special;
-        if (special_atan2(y, x, tables::atan2_angles.angles, special)) return special;
-
-        const auto& k = tables::atan2_scalar;
-        const double ay = __builtin_fabs(y);
-        const double ax = __builtin_fabs(x);
-        const bool steep = ay > ax;
-        const double u = steep ? ax : ay;
-        const double v = steep ? ay : ax;
-        long double angle = arctangent_of_ratio(u, v);
-        if (steep)
-            angle = x < 0 ? k.pi_2 + angle : k.pi_2 - angle;
-        else if (x < 0)
-            angle = k.pi - angle;
-        return static_cast<double>(y < 0 ? -angle : angle);
+        // Zeros, the smallest denormal numbers, infinities and NaNs.
+        if (upper_word_of_magnitude(y) - 1 >= 0x7FEFFFFF || upper_word_of_magnitude(x) - 1 >= 0x7FEFFFFF)
+            [[unlikely]] {
+            double special;
+            if (special_atan2(y, x, tables::atan2_angles.angles, special)) return special;
+        }
+        return angle_of(y, x);
     }
 }
 

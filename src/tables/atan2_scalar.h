@@ -5,11 +5,14 @@
 
 namespace zelk::tables {
 
+struct Atan2ScalarRow {
+    Wide angle; // atan c
+    double c;   // j/64
+};
 struct Atan2Scalar {
-    Wide pi;
-    Wide pi_2;
+    Wide base[4];   // what the angle of the first octant is added to or taken from: 0, pi, pi/2, pi/2
     Wide taylor[4]; // arctan r = r + r^3 (taylor[0] + taylor[1] r^2 + ...), relative error below 2^-73
-    Wide angle[65]; // atan(j/64)
+    Atan2ScalarRow row[65];
 };
 extern const __attribute__((visibility("hidden"))) Atan2Scalar atan2_scalar;
 
