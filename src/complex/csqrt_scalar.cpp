@@ -41,15 +41,39 @@ ZELK_INLINE complex_double finite_csqrt(double x, double y)
     return make_complex(sqrt_scalar(x), y);
 }
 
-complex_double csqrt_scalar(complex_double z)
+// The same for parts of moderate size, whose halves are exact and whose roots are normal numbers, without a
+// branch: the quadrants of many points come in no order.
+ZELK_INLINE complex_double moderate_csqrt(double x, double y)
 {
-    const double x = real(z);
-    const double y = imag(z);
+    const long double half_x = __builtin_fabs(x) * 0.5;
+    const long double half_y = y * 0.5;
+    const long double t = square_root(square_root(half_x * half_x + half_y * half_y) + half_x);
+    // Stored both, and loaded the one or the other way round.
+    double parts[3];
+    parts[0] = static_cast<double>(t);
+    parts[1] = static_cast<double>(half_y / t);
+    parts[2] = parts[0];
+    const double* re = parts + is_negative(x);
+    asm("" : "+r"(re) : "m"(parts));
+    return make_complex(__builtin_fabs(re[0]), with_sign_of(re[1], y));
+}
+
+[[gnu::noinline]] static complex_double csqrt_of_any_size(double x, double y)
+{
     if (!is_finite(x) || !is_finite(y)) [[unlikely]]
         return special_csqrt(x, y);
     const complex_double root = finite_csqrt(x, y);
     signal_denormal(real(root), imag(root));
     return root;
+}
+
+complex_double csqrt_scalar(complex_double z)
+{
+    const double x = real(z);
+    const double y = imag(z);
+    if (is_moderate(x) && is_moderate(y)) [[likely]]
+        return moderate_csqrt(x, y);
+    return csqrt_of_any_size(x, y);
 }
 
 } // namespace zelk::ZELK_TIER
