@@ -35,24 +35,34 @@ ZELK_INLINE LogReduction64 reduce_log(double x)
     return {n * k.ln2_hi + row.minus_ln, n * k.ln2_lo + row.minus_ln_low, f, row.r, exponent};
 }
 
-// ln(1 + f) - f = -f^2/2 + f^3 R(f), |f| < 2^-8.
-ZELK_INLINE double log1p_rest(double f)
+// ln(1 + f) - f + f^2/2 = f^3 R(f), |f| < 2^-8.
+ZELK_INLINE double log1p_cubic_rest(double f)
 {
     const auto& R = tables::log_scalar.R;
     const double f2 = f * f;
-    const double cubic = (R[0] + f * R[1]) + f2 * ((R[2] + f * R[3]) + f2 * R[4]);
-    return f2 * (f * cubic - 0.5);
+    return (f * f2) * ((R[0] + f * R[1]) + f2 * ((R[2] + f * R[3]) + f2 * R[4]));
+}
+ZELK_INLINE double log1p_rest(double f)
+{
+    return log1p_cubic_rest(f) - 0.5 * (f * f);
+}
+
+// ln x of the reduced x, and a little more. What the polynomial takes longest for is added last.
+ZELK_INLINE double log_of(const LogReduction64& t, double more)
+{
+    const double sum = t.head + t.f;
+    const double low = (t.head - sum) + t.f;
+    return sum + ((low + (more - 0.5 * (t.f * t.f))) + log1p_cubic_rest(t.f));
 }
 
 ZELK_INLINE double log_binary64(double x)
 {
     const LogReduction64 t = reduce_log(x);
-    const double sum = t.head + t.f;
-    const double low = (t.head - sum) + t.f;
-    return sum + (low + (t.head_low + log1p_rest(t.f)));
+    return log_of(t, t.head_low);
 }
 
-// ln(1 + x) for x > -1, |x| >= 2^-8: 1 + x as a sum with its rounding error, and the error's share in f.
+// ln(1 + x) for x > -1, |x| >= 2^-8: 1 + x as a sum with its rounding error. The error makes 1 + f larger by
+// c and the logarithm by c/(1 + f).
 ZELK_INLINE double log1p_binary64(double x)
 {
     const double s = 1.0 + x;
@@ -62,11 +72,7 @@ ZELK_INLINE double log1p_binary64(double x)
     // 2^-exponent, or 0 where the error does not count any more
     const auto scale_bits = static_cast<std::uint64_t>(1023 - t.exponent) << 52;
     const double c = s_error * __builtin_bit_cast(double, scale_bits) * t.r;
-    const double f = t.f + c;
-    const double f_error = c - (f - t.f);
-    const double sum = t.head + f;
-    const double low = (t.head - sum) + f;
-    return sum + (low + (f_error + (t.head_low + log1p_rest(f))));
+    return log_of(t, t.head_low + (c - c * t.f));
 }
 
 } // namespace zelk::ZELK_TIER
