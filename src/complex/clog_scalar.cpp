@@ -60,9 +60,10 @@ ZELK_INLINE double log_moderate_modulus(double x, double y)
     const Parts x2 = square_of(x);
     const Parts y2 = square_of(y);
     const Parts s = two_sum(x2.hi, y2.hi);
-    if (__builtin_fabs(s.hi - 1.0) < pc_thresh) [[unlikely]]
+    const double lo = s.lo + (x2.lo + y2.lo);
+    if (__builtin_fabs((s.hi + lo) - 1.0) < pc_thresh) [[unlikely]]
         return log_modulus(x, y);
-    const LogarithmParts log = logarithm_parts(logarithm_argument({s.hi, s.lo + (x2.lo + y2.lo)}));
+    const LogarithmParts log = logarithm_parts(logarithm_argument({s.hi, lo}));
     // All but the head is below 2^-17, and the sum above 2^-6.
     return 0.5 * (log.head + ((log.middle - log.square) + log.tail));
 }
