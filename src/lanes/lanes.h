@@ -392,4 +392,15 @@ ZELK_INLINE int4 any_lane(int4 mask)
     return pairs | (int4)_mm_shuffle_epi32((__m128i)pairs, 0xB1);
 }
 
+// Comparisons of binary64 lanes, none of which is a NaN. What the operators give the compiler takes apart
+// into scalars wherever it recognises a choice between 64-bit lanes.
+ZELK_INLINE long2 equal_lanes(double2 a, double2 b)
+{
+    return (long2)_mm_cmpeq_pd(a, b);
+}
+ZELK_INLINE long2 less_lanes(double2 a, double2 b)
+{
+    return (long2)_mm_cmplt_pd(a, b);
+}
+
 } // namespace zelk::ZELK_TIER
