@@ -51,22 +51,12 @@
     .endr
 .endm
 
-.macro dispatcher symbol:req, lanes:req, tiers:vararg
-    .globl \symbol
-    .type \symbol, @function
-    .p2align 6
-\symbol:
-    .cfi_startproc
-    _CET_ENDBR
-1:  select_tier \symbol, \tiers
+.macro determine_features
     subq $8, %rsp
     .cfi_adjust_cfa_offset 8
     call *__brava_cpu_indicator_init@GOTPCREL(%rip)
     addq $8, %rsp
     .cfi_adjust_cfa_offset -8
-    jmp 1b
-    .cfi_endproc
-    .size \symbol, . - \symbol
 .endm
 
 // argument = (argument AND mask) OR (constant AND NOT mask); the mask is lost.
@@ -100,15 +90,7 @@
     .endr
 .endm
 
-.macro dispatcher symbol:req, lanes:req, tiers:vararg
-    .globl \symbol
-    .type \symbol, @function
-    .p2align 6
-\symbol:
-    .cfi_startproc
-    _CET_ENDBR
-1:  load_got
-    select_tier \symbol, \tiers
+.macro determine_features
     // The caller may hold the stack at any multiple of 4; the initialisation gets it aligned to 16.
     pushl %ebp
     .cfi_def_cfa_offset 8
@@ -121,9 +103,6 @@
     leave
     .cfi_restore %ebp
     .cfi_def_cfa %esp, 4
-    jmp 1b
-    .cfi_endproc
-    .size \symbol, . - \symbol
 .endm
 
 // argument = (argument AND mask) OR (constant AND NOT mask); the mask is lost. EAX holds the GOT's address.
@@ -144,6 +123,21 @@
     .cfi_endproc
 
 #endif
+
+.macro dispatcher symbol:req, tiers:vararg
+    .globl \symbol
+    .type \symbol, @function
+    .p2align 6
+\symbol:
+    .cfi_startproc
+    _CET_ENDBR
+1:  load_got
+    select_tier \symbol, \tiers
+    determine_features
+    jmp 1b
+    .cfi_endproc
+    .size \symbol, . - \symbol
+.endm
 
 // One 16-byte constant with `value` in every lane; the linker merges equal ones.
 .macro lane_constant name:req, lanes:req, value:req
@@ -284,7 +278,7 @@
 // A scalar routine with one implementation has no dispatcher.
 .macro scalar_dispatcher symbol:req, tiers:vararg
     .ifnc \tiers, plain
-    dispatcher \symbol, scalar, \tiers
+    dispatcher \symbol, \tiers
     .endif
 .endm
 #define ZELK_TIERS_plain plain
@@ -295,7 +289,7 @@
 #define ZELK_MASKED_P(symbol) symbol##Mask
 
 #define ZELK_ENTRY(kernel, symbol, lanes, args, results, x86_64, i386, mask, a, b, alias)                    \
-    dispatcher symbol, lanes, ZELK_TARGET_TIERS(x86_64, i386) ;                                              \
+    dispatcher symbol, ZELK_TARGET_TIERS(x86_64, i386) ;                                                     \
     masked ZELK_MASKED_##results(symbol), symbol, lanes, mask, a, b, ZELK_TARGET_TIERS(x86_64, i386) ;       \
     alias_pair alias, symbol, ZELK_MASKED_##results(symbol)
 #define ZELK_SCALAR(kernel, signature, x86_64, i386)                                                         \

@@ -2,14 +2,14 @@
 // (ropsSinCos4). Method: r = x - k pi/2, k = round(2/pi x); sin x and cos x are, by k mod 4, the polynomials
 // of degree 7 and 8 for sin r and cos r. |x| <= 10000: pi/2 in four parts, binary32. Beyond, with the sign of
 // x put back:
-//   tier A       every lane through the scalar reduction;
+//   tier A       every lane as the scalar reduction takes it (trig/reduce_huge.h);
 //   ropsSinCos4  a vector in which every lane is beyond and none above 2^30, in binary64; else the lanes
-//                beyond through the scalar reduction;
+//                beyond as the scalar reduction takes them;
 //   sincosf4     without a lane above 2^30, the lanes beyond in binary64; else lane by lane from a table.
 #include "tables/sincosf4.h"
 #include "dispatch/kernels.h"
+#include "trig/reduce_huge.h"
 #include "trig/times_128_over_pi.h"
-#include "trig/trig_reduction.h"
 
 namespace zelk::ZELK_TIER {
 
@@ -97,12 +97,11 @@ ZELK_INLINE SineCosinef4 every_lane_through_reduction(float4 x, const Sincosf4& 
 
 ZELK_INLINE SineCosinef4 lanes_through_reduction(float4 x, int4 beyond, const Sincosf4& k)
 {
-    const unsigned lanes = lane_mask(beyond);
-    if (lanes == all_lanes4 && huge_lanes(x, k) == 0)
+    if (lane_mask(beyond) == all_lanes4 && huge_lanes(x, k) == 0)
         return evaluate_reduced(x, reduce_medium(magnitude_of(x, k)), k);
     const PairReducedf4 ordinary = reduce_ordinary(x, beyond, k);
     const QuadrantReducedf4 reduced =
-        reduce_lanes(magnitude_of(x, k), lanes, {ordinary.r, ordinary.quadrant});
+        reduce_lanes(magnitude_of(x, k), beyond, {ordinary.r, ordinary.quadrant});
     return evaluate(merge(x, beyond, reduced, ordinary.z, k), k);
 }
 
