@@ -29,6 +29,7 @@ ZELK_INLINE GridPoint2 reduce_to_grid(double2 X, int4 chunk, const tables::Inver
 {
     const auto& k = tables::grid_constants;
     const auto [packed, low] = load_rows(chunks, chunk);
+    // The first part has 29 and the second 13 significant bits, x has 24: p1 and p2 are exact.
     const double2 p1 = as_double2(packed & k.leading_40_bits) * X;
     const double2 p2 = as_double2(packed << 40) * X;
     const double2 p3 = as_double2(low) * X;
@@ -72,6 +73,18 @@ ZELK_INLINE int4 chunk_rows(float4 x)
 {
     const int4 above = (int4)(as_uint4(x) << 1 >> 24) - tables::grid_constants.first_exponent;
     return (above & ~(above >> 31)) >> 3;
+}
+
+// Infinities and NaNs, and the NaNs that become of them: infinities raise invalid.
+ZELK_INLINE int4 no_numbers(float4 x)
+{
+    const auto& field = tables::grid_constants.exponent_field;
+    return (as_int4(x) & field) == field.value;
+}
+ZELK_INLINE float4 quiet_nans(float4 x, int4 no_number)
+{
+    const float4 special = as_float4(as_int4(x) & no_number);
+    return special - special;
 }
 
 } // namespace zelk::ZELK_TIER

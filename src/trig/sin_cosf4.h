@@ -86,10 +86,8 @@ ZELK_INLINE double2 evaluate_on_grid(const Half& half, Signs signs, const tables
 ZELK_INLINE float4 lanes_on_grid(float4 result, float4 x, int4 lanes, Signs signs,
                                  const tables::SpecTablef& table)
 {
-    const int4 no_number =
-        (as_int4(x) & tables::grid_constants.exponent_field) == tables::grid_constants.exponent_field.value;
-    const float4 nan = as_float4(as_int4(x) & no_number);
-    result = select(no_number, nan - nan, result);
+    const int4 no_number = no_numbers(x);
+    result = select(no_number, quiet_nans(x, no_number), result);
     const int4 numbers = lanes & ~no_number;
     if (lane_mask(numbers) == 0) return result;
 
