@@ -143,8 +143,13 @@ constexpr SpecialComplex specials[] = {
     {infinity, 2, -infinity, infinity},
     {infinity, -4, -infinity, infinity},
     {infinity, 0x1p-149, infinity, infinity},
+    {infinity, -0x1p-70, infinity, -infinity},
+    {infinity, 0x1.921fb6p0, -infinity, infinity},
+    {infinity, 89000, infinity, -infinity},
+    {infinity, -100000, -infinity, -infinity},
     {-infinity, 1, 0.0, 0.0},
     {-infinity, 2, -0.0, 0.0},
+    {-infinity, -0x1p-70, 0.0, -0.0},
     {-infinity, -4, -0.0, 0.0},
     {-infinity, 0x1p100, 0.0, -0.0},
 };
