@@ -11,10 +11,10 @@ namespace zelk::ZELK_TIER {
 // ln(1+f) = f - s (f - R(s^2)), s = f/(2+f).
 ZELK_INLINE float4 logarithm(float4 y, const tables::InverseHyperbolicf4& k)
 {
-    const int4 fraction = as_int4(y) & k.s_dwSgnfMask;
-    const int4 carry = (fraction + k.s_dwSqrt2Addition) & k.s_dwSqrt2Mask;
-    const float4 n = to_float4(((as_int4(y) + carry) >> 23) - k.s_dwBias);
-    const float4 f = as_float4(fraction | (as_int4(k.s_fOne) ^ carry)) - k.s_fOne;
+    // The exponent of y, one more from sqrt 2 on, is what y is divided by.
+    const int4 power = (as_int4(y) + k.s_dwSqrt2Addition) & k.s_dwExponentMask;
+    const float4 n = to_float4((power >> 23) - k.s_dwBias);
+    const float4 f = as_float4(as_int4(as_uint4(y) + k.s_uOne) - power) - k.s_fOne;
 
     // The quotient from the reciprocal estimate e of 2+f and one Newton step.
     const float4 d = f + k.s_fTwo;
