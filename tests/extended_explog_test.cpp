@@ -1,4 +1,4 @@
-// 80-bit exponential and logarithms, and the binary64 logarithms made of them.
+// 80-bit exponential and logarithms.
 #include "scalar_oracle.h"
 
 #include <gtest/gtest.h>
@@ -167,59 +167,6 @@ TEST(Logl, OrdinaryArgumentsRaiseInexactAlone)
         for (const long double x : sample_binades(-16300, 13, 2000))
             EXPECT_EQ(flag_names(call_scalar(scalar_kernel(name), x).flags), "inexact")
                 << name << hex(bits80(x));
-}
-
-TEST(LogD, ErrorInEveryTier)
-{
-    const auto positive =
-        joined(sample_patterns(0x1p-1074, 0x1.fffffffffffffp1023, 6000), sample_interval(0.5, 2.0, 6000));
-    for (const ScalarKernel& kernel : scalar_kernels("log_scalar"))
-        expect_error_within(0.51, worst_error(kernel, positive, mpfr_unary(mpfr_log)), kernel.symbol, "all");
-    const auto above_minus_one =
-        joined(joined(positive, sample_interval(-0x1.fffffffffffffp-1, 1.0, 6000)),
-               joined(sample_patterns(-0x1p-1074, -0x1.fffffffffffffp-1, 6000), neighbours(0x1p-9, 20)));
-    for (const ScalarKernel& kernel : scalar_kernels("log1p_scalar"))
-        expect_error_within(0.51, worst_error(kernel, above_minus_one, mpfr_unary(mpfr_log1p)), kernel.symbol,
-                            "all");
-}
-
-TEST(LogD, Specials)
-{
-    constexpr double infinity = std::numeric_limits<double>::infinity();
-    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-    const struct {
-        const char* name;
-        double x;
-        double expected;
-        unsigned flags;
-    } cases[] = {
-        {"log_scalar", 0.0, -infinity, flag_divide_by_zero},
-        {"log_scalar", -0.0, -infinity, flag_divide_by_zero},
-        {"log_scalar", 1.0, 0.0, 0},
-        {"log_scalar", -1.0, nan, flag_invalid},
-        {"log_scalar", -infinity, nan, flag_invalid},
-        {"log_scalar", infinity, infinity, 0},
-        {"log_scalar", nan, nan, 0},
-        {"log1p_scalar", 0.0, 0.0, 0},
-        {"log1p_scalar", -0.0, -0.0, 0},
-        {"log1p_scalar", -1.0, -infinity, flag_divide_by_zero},
-        {"log1p_scalar", -1.5, nan, flag_invalid},
-        {"log1p_scalar", -infinity, nan, flag_invalid},
-        {"log1p_scalar", infinity, infinity, 0},
-        {"log1p_scalar", nan, nan, 0},
-    };
-    for (const auto& [name, x, expected, flags] : cases) {
-        for (const ScalarKernel& kernel : scalar_kernels(name)) {
-            for (const Rounding rounding : all_roundings) {
-                const ScalarResult result = call_scalar(kernel, x, {}, {rounding});
-                if (std::isnan(expected))
-                    EXPECT_TRUE(std::isnan(result.value_d())) << kernel.symbol << x;
-                else
-                    EXPECT_EQ(result.narrow, Argument(expected).narrow) << kernel.symbol << x;
-                EXPECT_EQ(flag_names(result.flags & loud_flags), flag_names(flags)) << kernel.symbol << x;
-            }
-        }
-    }
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// The bits of every kernel over a fixed set of arguments, as one hash a line in
+// The bits of every kernel and scalar routine over a fixed set of arguments, as one hash a line in
 // tests/data/fingerprints_<target>.txt: a change of a single bit of a single result in any rounding mode
 // shows here by the kernel's name. Kernels that start from the processor's estimate instructions are left
 // out: their last bit is the processor's.
@@ -6,13 +6,17 @@
 // A change that is meant: run this program with --write and commit the file with the reason.
 #include "call.h"
 #include "entries.h"
+#include "scalar_call.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <bit>
 #include <cinttypes>
+#include <cmath>
 #include <cstring>
 #include <fstream>
+#include <limits>
 #include <map>
 #include <sstream>
 #include <vector>
@@ -22,23 +26,24 @@ namespace {
 
 const std::string fingerprint_file = FINGERPRINTS;
 
-bool starts_from_an_estimate(const Entry& entry)
+bool starts_from_an_estimate(const std::string& entry)
 {
-    static const char* const names[] = {"sqrtf4",  "invsqrtf4", "invsqrt2", "powf4",
-                                        "asinhf4", "acoshf4",   "atanhf4",  "csqrtf2"};
-    for (const char* const name : names)
-        if (entry.name == name) return true;
-    return false;
+    static const char* const names[] = {"sqrtf4",  "invsqrtf4", "invsqrt2", "powf4",        "asinhf4",
+                                        "acoshf4", "atanhf4",   "csqrtf2",  "csqrtf_scalar"};
+    return std::ranges::find(names, entry) != std::end(names);
 }
 
 class Hash {
 public:
+    void include(std::uint64_t word)
+    {
+        state_ = (state_ ^ word) * 0x9E3779B97F4A7C15;
+        state_ ^= state_ >> 29;
+    }
     void include(const Vec128& v)
     {
-        for (const std::uint64_t half : v.q) {
-            state_ = (state_ ^ half) * 0x9E3779B97F4A7C15;
-            state_ ^= state_ >> 29;
-        }
+        for (const std::uint64_t half : v.q)
+            include(half);
     }
     std::uint64_t value() const { return state_; }
 
@@ -119,16 +124,105 @@ std::uint64_t fingerprint(const Entry& entry, const Kernel& kernel)
     return hash.value();
 }
 
+// The 80-bit format has its exponents too, mixed alike, and the other formats' values are those of the
+// vectors.
+std::vector<Bits80> extended_values()
+{
+    std::vector<Bits80> values;
+    const auto doubles = lane_values(Lanes::d2);
+    for (std::size_t i = 0; i < doubles.size(); ++i) {
+        const auto sign_exponent = static_cast<std::uint16_t>(doubles[i] >> 52);
+        const std::uint64_t significand = doubles[i] << 11 | i % 2048 | integer_bit;
+        const auto ordinary = (sign_exponent & 0x8000) | (16383 - 1023 + (sign_exponent & 0x7FF));
+        const auto any = static_cast<std::uint16_t>(i * 40503);
+        const bool denormal_or_any = i < doubles.size() / 2;
+        if (denormal_or_any && (any & 0x7FFF) == 0)
+            values.push_back({significand & ~integer_bit, any});
+        else
+            values.push_back({significand, denormal_or_any ? any : static_cast<std::uint16_t>(ordinary)});
+    }
+    return values;
+}
+
+Argument argument(char kind, std::size_t i)
+{
+    static const std::vector<Bits80> extended = extended_values();
+    static const auto doubles = lane_values(Lanes::d2), floats = lane_values(Lanes::f4);
+    const auto& narrow = kind == 'f' || kind == 'c' ? floats : doubles;
+    if (kind == 'l') return extended[i % extended.size()];
+    return ComplexBits{narrow[i % narrow.size()], narrow[(i * 5 + 2) % narrow.size()]};
+}
+
+Bits80 without_nan_payload(const Bits80& x)
+{
+    return is_nan(x) ? Bits80{0xC000000000000000, 0x7FFF} : x;
+}
+std::uint64_t without_nan_payload(double x)
+{
+    return std::bit_cast<std::uint64_t>(std::isnan(x) ? std::numeric_limits<double>::quiet_NaN() : x);
+}
+std::uint64_t without_nan_payload(std::uint32_t bits)
+{
+    return (bits & 0x7FFFFFFF) > 0x7F800000 ? 0x7FC00000 : bits;
+}
+
+// The result and what is stored through pointers, each in its format.
+void include(Hash& hash, const ScalarKernel& kernel, const ScalarResult& result)
+{
+    const auto include_extended = [&](const Bits80& x) {
+        hash.include(without_nan_payload(x).significand);
+        hash.include(without_nan_payload(x).sign_exponent);
+    };
+    const auto include_number = [&](char kind, std::uint64_t bits) {
+        const bool is_double = kind == 'd' || kind == 'z';
+        hash.include(is_double ? without_nan_payload(std::bit_cast<double>(bits))
+                               : without_nan_payload(static_cast<std::uint32_t>(bits)));
+    };
+    const char kind = kernel.signature[0];
+    if (kind == 'l') include_extended(result.extended);
+    if (kind == 'd' || kind == 'f') include_number(kind, result.narrow);
+    if (kind == 'i') hash.include(static_cast<std::uint32_t>(result.integer));
+    if (kind == 'z' || kind == 'c') {
+        include_number(kind, result.complex.re);
+        include_number(kind, result.complex.im);
+    }
+    if (kernel.signature.find('D') != std::string::npos)
+        for (const double x : result.stored_doubles)
+            hash.include(without_nan_payload(x));
+    for (std::ptrdiff_t i = 0; i < std::ranges::count(kernel.signature, 'L'); ++i)
+        include_extended(result.stored[i]);
+}
+
+std::uint64_t fingerprint(const ScalarKernel& kernel)
+{
+    constexpr std::size_t calls = 3000;
+    const char kind = kernel.signature[2];
+    Hash hash;
+    for (const Rounding rounding : all_roundings)
+        for (std::size_t i = 0; i < calls; ++i) {
+            const std::size_t n = i * 11 + static_cast<std::size_t>(rounding);
+            include(hash, kernel,
+                    call_scalar(kernel, argument(kind, n), argument(kind, n * 7 + 3), {rounding}));
+        }
+    return hash.value();
+}
+
 std::map<std::string, std::string> measured()
 {
     std::map<std::string, std::string> lines;
+    const auto add = [&](const std::string& symbol, std::uint64_t hash) {
+        char text[20];
+        std::snprintf(text, sizeof text, "%016" PRIx64, hash);
+        lines[symbol] = text;
+    };
     for (const Entry& entry : entries())
-        for (const Kernel& kernel : entry.kernels) {
-            if (starts_from_an_estimate(entry)) continue;
-            char text[20];
-            std::snprintf(text, sizeof text, "%016" PRIx64, fingerprint(entry, kernel));
-            lines[kernel.symbol] = text;
-        }
+        for (const Kernel& kernel : entry.kernels)
+            if (!starts_from_an_estimate(entry.name)) add(kernel.symbol, fingerprint(entry, kernel));
+    for (const ScalarEntry& entry : scalar_entries())
+        for (const ScalarKernel& kernel : scalar_kernels(entry.name))
+            // The dispatchers are one of their tiers.
+            if (!starts_from_an_estimate(entry.name) && (entry.tiers.empty() || kernel.tier))
+                add(kernel.symbol, fingerprint(kernel));
     return lines;
 }
 

@@ -1,6 +1,11 @@
-// ln(1 + x) of one double: the 80-bit function, rounded once more.
+// ln(1 + x) of one double: in binary64 with a low part; without SSE2 the 80-bit function, rounded once more.
+// Tiny and special arguments take the 80-bit function.
 #include "dispatch/kernels.h"
+#if defined(__SSE2__)
+#include "extended/log_binary64.h"
+#else
 #include "extended/logarithm.h"
+#endif
 
 namespace zelk::ZELK_TIER {
 
@@ -12,7 +17,12 @@ double log1p_scalar(double x)
     const std::uint64_t bottom = 0x3BD0000000000000 | (bits & 0x8000000000000000);
     if (bits - bottom >= top - bottom) [[unlikely]]
         return static_cast<double>(log1pl_scalar(x));
+#if defined(__SSE2__)
+    if (__builtin_fabs(x) <= 0x1p-8) return x + log1p_rest(x);
+    return log1p_binary64(x);
+#else
     return static_cast<double>(logarithm_of_one_plus(x));
+#endif
 }
 
 } // namespace zelk::ZELK_TIER

@@ -26,6 +26,21 @@ static inline Turns turns_of(Words x)
     const unsigned distance = static_cast<unsigned>(x.biased_exponent() - exponent_bias + 31);
     const unsigned shift = distance % 32;
     const std::uint32_t* const run = tables::extended_trig.two_over_pi + distance / 32;
+    // x/(2 pi) = product 2^(shift - 288) modulo 1.
+    Turns turns;
+#if defined(__SIZEOF_INT128__)
+    __extension__ using Wide = unsigned __int128;
+    const auto words = [run](unsigned i) { return std::uint64_t{run[i]} << 32 | run[i + 1]; };
+    std::uint64_t product[5]; // least significant word first, 32 bits in the last
+    Wide sum = Wide{x.significand} * words(7);
+    for (unsigned i = 1; i < 4; ++i) {
+        sum = Wide{x.significand} * words(7 - 2 * i) + (sum >> 64);
+        product[i] = static_cast<std::uint64_t>(sum);
+    }
+    product[4] = x.significand * run[0] + static_cast<std::uint64_t>(sum >> 64);
+    for (unsigned i = 0; i < 3; ++i)
+        turns.word[i] = product[i + 2] << (32 + shift) | product[i + 1] >> (32 - shift);
+#else
     const std::uint64_t low = x.significand & 0xFFFFFFFF;
     const std::uint64_t high = x.significand >> 32;
 
@@ -39,12 +54,11 @@ static inline Turns turns_of(Words x)
         high_product = high * run[8 - i];
         product[i] = static_cast<std::uint32_t>(sum);
     }
-    // x/(2 pi) = product 2^(shift - 288) modulo 1.
-    Turns turns;
     for (unsigned i = 0; i < 3; ++i) {
         const std::uint64_t upper = std::uint64_t{product[2 * i + 4]} << 32 | product[2 * i + 3];
         turns.word[i] = upper << shift | std::uint64_t{product[2 * i + 2]} << shift >> 32;
     }
+#endif
     return turns;
 }
 
