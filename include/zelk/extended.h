@@ -8,7 +8,7 @@
 ZELK_BEGIN_DECLARATIONS
 
 /* Conventions. Arguments and results are the platform's long double. Errors are in ulp of the 80-bit format,
- * in round to nearest with the x87 precision control at 64 bits; in the directed modes they are below 1.03
+ * in round to nearest with the x87 precision control at 64 bits; in the directed modes they are below 1.07
  * ulp. At 53 or 24 bits results are no better than that precision. Flags are raised in the x87 status word. A
  * quiet NaN gives a NaN; a signalling one and the encodings that the processor does not support (unnormals,
  * pseudo-infinities, pseudo-NaNs) give NaN and raise invalid. Pseudo-denormals count as the number that they
@@ -108,25 +108,25 @@ int reduce_pi04l(long double x, double reduced[2]);
 long double sindl_scalar(long double x);
 long double cosdl_scalar(long double x);
 
-/* atan x in radians, any x. Error: 0.502 ulp, denormal results included.
+/* atan x in radians, any x. Error: 0.53 ulp, denormal results 0.5001.
  * Special: atan +-0 = +-0, atan +-infinity = +-pi/2.
  * Method: the direction of (1, x), as atan2l_scalar. */
 long double atanl_scalar(long double x);
 
 /* The angle of the point (x, y), in radians (atan2l_scalar) and in degrees (atan2dl_scalar), from -pi to pi.
- * Error: 0.502 ulp, denormal results included. Special: as in IEEE 754: zeros and infinities are taken with
+ * Error: 0.54 ulp, denormal results 0.5001. Special: as in IEEE 754: zeros and infinities are taken with
  * their signs, atan2(+-0, +0) = +-0, atan2(+-0, -0) =
  * +-pi, atan2(+-infinity, -infinity) = +-3 pi/4; nothing is raised but by a signalling NaN. In degrees,
  * multiples of 45 are exact. Method: the nearest of 513 points along three sides of a square
- * (_rop_atanl_table_128, _rop_atandl_table_128) and the arc tangent of the small angle between, leading parts
- * in twice the precision. */
+ * (_rop_atanl_table_128, _rop_atandl_table_128) and the arc tangent of the small angle between, whose tangent
+ * has an exact numerator. */
 long double atan2l_scalar(long double y, long double x);
 long double atan2dl_scalar(long double y, long double x);
 
-/* asin x and acos x in radians, |x| <= 1. Error: 0.502 ulp.
+/* asin x and acos x in radians, |x| <= 1. Error: 0.53 and 0.54 ulp.
  * Special: asin +-0 = +-0, acos 1 = +0; |x| > 1 gives NaN and raises invalid.
- * Method: the direction of (sqrt(1 - x^2), x) and of (x, sqrt(1 - x^2)), as atan2l_scalar, the root in twice
- * the precision. */
+ * Method: asin c from a table and the arc sine of (x^2 - c^2)/(x sqrt(1 - c^2) + c sqrt(1 - x^2)); below 1/8
+ * a polynomial, from 15/16 on 2 asin sqrt((1 - x)/2). */
 long double asinl_scalar(long double x);
 long double acosl_scalar(long double x);
 

@@ -6,10 +6,10 @@ namespace zelk::ZELK_TIER {
 
 long double atanl_scalar(long double x)
 {
-    const Words X = words_of(x);
-    if (not_a_number(X)) [[unlikely]]
-        return x + x;
-    return radians(direction_of(X, words_of(1.0L)), X.negative());
+    const Words X = stored_words(x);
+    if (!is_normal(X)) [[unlikely]]
+        return direction_off_the_path<false>(x, 1.0L);
+    return direction_of<false>(normal_coordinate(X), Coordinate{std::uint64_t{1} << 63, 0, false});
 }
 
 } // namespace zelk::ZELK_TIER

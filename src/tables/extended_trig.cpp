@@ -10,6 +10,9 @@ const ExtendedTrig extended_trig = {
     .grid = {
 #include "tables/extended_trig_grid.inc"
     },
+    .arc_sine = {
+#include "tables/extended_trig_arc_sine.inc"
+    },
 #include "tables/extended_trig_constants.inc"
 };
 // clang-format on

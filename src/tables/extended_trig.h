@@ -12,20 +12,28 @@ struct HiLoExtended {
     long double lo;
 };
 
+// asin c and cos asin c.
+struct ArcSineRow {
+    HiLo angle;
+    HiLo cos;
+};
+
 struct ExtendedTrig {
     // Word i of 2/pi has the weight 2^(-32 (i-2)): three words of zeros, 519 words of 2/pi.
     std::uint32_t two_over_pi[522];
     // sin and cos of j/64; hi has 32 significant bits.
     SinCos grid[52];
+    // c = (j + 1/2)/256, from j = 32 on.
+    ArcSineRow arc_sine[208];
 
     long double half_pi;
     long double half_pi_head; // 32 significant bits
     long double half_pi_rest;
     long double quarter_pi;
     HiLoExtended radians_per_degree;
-    HiLoExtended C180byPi; // degrees in a radian
+    HiLo C180byPi; // degrees in a radian
 
-    // sin t = t + sine_3 t^3 + ..., cos t = 1 + cosine_2 t^2 + ..., atan t = t + arc_tangent_3 t^3 + ....
+    // sin t = t + sine_3 t^3 + ..., cos t = 1 + cosine_2 t^2 + ....
     // A term that is below 2^-28 of the result has a binary64 coefficient.
     long double sine_3;
     double sine_5;
@@ -35,10 +43,6 @@ struct ExtendedTrig {
     double cosine_4;
     double cosine_6;
     double cosine_8;
-    long double arc_tangent_3;
-    double arc_tangent_5;
-    double arc_tangent_7;
-    double arc_tangent_9;
 };
 ZELK_TABLE ExtendedTrig extended_trig;
 

@@ -4,10 +4,11 @@
 //                which is enough for the nine that the largest number needs
 //   grid         sin hi, sin lo, cos hi, cos lo of j/64, j = 0..51: hi the leading 32 bits, lo the binary64
 //                nearest to the rest
+//   arc_sine     asin c and sqrt(1 - c^2) for c = (j + 1/2)/256, j = 32..239: hi, lo each, hi the binary64
+//                nearest to the value, lo the one nearest to the rest
 //   constants    pi/2 (its leading 32 bits and the rest), pi/180 and 180/pi (two numbers each), and the
-//                Taylor coefficients of sine, cosine and arc tangent. The first neglected term is below 2^-90
-//                of t (sine) and 2^-90 (cosine) for |t| <= pi/360, and below 2^-83 of t (arc tangent) for
-//                |t| <= 2^-8.
+//                Taylor coefficients of sine and cosine. The first neglected term is below 2^-90 of t (sine)
+//                and 2^-90 (cosine) for |t| <= pi/360
 #include "table_writer.h"
 
 #include <cstdlib>
@@ -39,6 +40,13 @@ void print_split(const Real& value)
 {
     const Real hi = value.leading(32);
     std::printf("{%a, %a}", hi.to_double(), (value - hi).to_double());
+}
+
+// Two binary64.
+void print_hi_lo(const Real& value)
+{
+    const double hi = value.to_double();
+    std::printf("%a, %a", hi, (value - Real(hi)).to_double());
 }
 
 long double to_extended(const Real& value)
@@ -75,7 +83,9 @@ void print_constants()
     print_extended("half_pi_rest", half_pi - half_pi.leading(32));
     print_extended("quarter_pi", half_pi / Real(2.0));
     print_pair("radians_per_degree", pi() / Real(180.0));
-    print_pair("C180byPi", Real(180.0) / pi());
+    std::printf(".C180byPi = {");
+    print_hi_lo(Real(180.0) / pi());
+    std::puts("},");
     print_extended("sine_3", one_over(-6));
     std::printf(".sine_5 = %a,\n", one_over(120).to_double());
     std::printf(".sine_7 = %a,\n", one_over(-5040).to_double());
@@ -84,10 +94,6 @@ void print_constants()
     std::printf(".cosine_4 = %a,\n", one_over(24).to_double());
     std::printf(".cosine_6 = %a,\n", one_over(-720).to_double());
     std::printf(".cosine_8 = %a,\n", one_over(40320).to_double());
-    print_extended("arc_tangent_3", one_over(-3));
-    std::printf(".arc_tangent_5 = %a,\n", one_over(5).to_double());
-    std::printf(".arc_tangent_7 = %a,\n", one_over(-7).to_double());
-    std::printf(".arc_tangent_9 = %a,\n", one_over(9).to_double());
 }
 
 } // namespace
@@ -106,10 +112,19 @@ int main(int argc, char** argv)
             print_split(cos(angle));
             std::printf("},\n");
         }
+    } else if (table == "arc_sine") {
+        for (int j = 32; j < 240; ++j) {
+            const Real c = (Real(j) + Real(0.5)) / Real(256.0);
+            std::printf("{{");
+            print_hi_lo(Real::apply(mpfr_asin, c));
+            std::printf("}, {");
+            print_hi_lo(Real::apply(mpfr_sqrt, Real(1.0) - c * c));
+            std::printf("}},\n");
+        }
     } else if (table == "constants") {
         print_constants();
     } else {
-        std::fprintf(stderr, "usage: %s two_over_pi|grid|constants\n", argv[0]);
+        std::fprintf(stderr, "usage: %s two_over_pi|grid|arc_sine|constants\n", argv[0]);
         return EXIT_FAILURE;
     }
 }
