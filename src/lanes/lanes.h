@@ -321,10 +321,9 @@ ZELK_INLINE float4 lane_by_lane(float4 x, std::uint32_t (*routine)(std::uint32_t
 }
 ZELK_INLINE double2 lane_by_lane(double2 x, std::uint64_t (*routine)(std::uint64_t))
 {
-    ulong2 lanes = as_ulong2(x);
-    for (int lane = 0; lane < 2; ++lane)
-        lanes[lane] = routine(lanes[lane]);
-    return as_double2(lanes);
+    const ulong2 lanes = as_ulong2(x);
+    const std::uint64_t low = routine(lanes[0]);
+    return as_double2(ulong2{low, routine(lanes[1])});
 }
 
 // Tier A of f4 functions on i386 has SSE alone: of the operations on integer lanes only the bitwise ones.
