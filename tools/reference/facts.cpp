@@ -113,7 +113,7 @@ std::string tiers(const Function& function, const std::string& target)
 {
     const bool x86_64 = target == "x86_64";
     const std::string& dispatch = x86_64 ? function.dispatch_x86_64 : function.dispatch_i386;
-    if (dispatch == "plain") return "";
+    if (dispatch == "plain" || dispatch.ends_with("_hidden")) return "";
     if (function.lanes == "scalar") return x86_64 ? "AL" : "AJ";
     if (x86_64) return "AL";
     return function.lanes == "d2" ? "ALN" : "AJLN";
