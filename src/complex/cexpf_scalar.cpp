@@ -69,13 +69,14 @@ struct Turn {
 ZELK_INLINE Turn sine_and_cosine(double y)
 {
     const auto& k = tables::static_const_table_cexpf;
-    const double shifted = y * k.inv_pi_32 + k.shifter;
-    const double n = shifted - k.shifter;
+    // To nearest in every rounding mode: next to a zero of the sine or cosine no other j will do.
+    const auto j = static_cast<std::int32_t>(y * k.inv_pi_32 + __builtin_copysign(0.5, y));
+    const auto n = static_cast<double>(j);
     const double r = ((y - n * k.pi_32_1) - n * k.pi_32_2) - n * k.pi_32_3;
     const double r2 = r * r;
     const double s = r + r * r2 * (k.s3 + r2 * (k.s5 + r2 * k.s7));
     const double c = r2 * (k.c2 + r2 * (k.c4 + r2 * k.c6)); // cos r - 1
-    const auto& at = k.angles[__builtin_bit_cast(std::uint64_t, shifted) & 63];
+    const auto& at = k.angles[j & 63];
     return {at.sine + (at.sine * c + at.cosine * s), at.cosine + (at.cosine * c - at.sine * s)};
 }
 
@@ -115,7 +116,7 @@ ZELK_INLINE complex_float cexpf_of_special_x(float x, float y)
         return make_complex(nan, nan);
     }
     const float size = is_negative(x) ? 0.0f : x;
-    // Below 1 the signs are known. Rounded up or down, a tiny y need not be next to the angle 0.
+    // Below 1 the signs are known.
     if (magnitude_pattern(y) < 0x3F800000) return make_complex(size, with_sign_of(size, y));
     const Turn turn = sine_and_cosine(y);
     return make_complex(is_negative(turn.cosine) ? -size : size, is_negative(turn.sine) ? -size : size);
