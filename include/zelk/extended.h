@@ -8,7 +8,7 @@
 ZELK_BEGIN_DECLARATIONS
 
 /* Conventions. Arguments and results are the platform's long double. Errors are in ulp of the 80-bit format,
- * in round to nearest with the x87 precision control at 64 bits; in the directed modes they are below 1.03
+ * in round to nearest with the x87 precision control at 64 bits; in the directed modes they are below 1.06
  * ulp. At 53 or 24 bits results are no better than that precision. Flags are raised in the x87 status word. A
  * quiet NaN gives a NaN; a signalling one and the encodings that the processor does not support (unnormals,
  * pseudo-infinities, pseudo-NaNs) give NaN and raise invalid. Pseudo-denormals count as the number that they
