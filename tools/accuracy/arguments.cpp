@@ -8,10 +8,19 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <string_view>
 
 namespace zelk::accuracy {
 
 namespace {
+
+// Made by tools/hard_to_round.cpp: the exact result is within 2^-30 ulp of a midpoint.
+const struct {
+    std::string_view entry;
+    double x;
+} hard_to_round[] = {
+#include "hard_to_round.inc"
+};
 
 // Numbers of one floating-point format, each made in T, which is that format or a wider one.
 template <class T>
@@ -203,6 +212,8 @@ private:
         add_neighbours(0);
         add_neighbours(std::ldexp(T{1}, numbers_.smallest_exponent()));
         add_neighbours(std::ldexp(T{1}, format_of(entry_.lanes).min_exponent - 1));
+        for (const auto& [entry, x] : hard_to_round)
+            if (entry == entry_.name) list.insert(list.end(), {{x, 0}, {-x, 0}});
         if (function_.is_circular && entry_.lanes == Lanes::d2) add_both_signs(near_multiples_of_half_pi());
         if (function_.is_circular && entry_.lanes == Lanes::f4) add_both_signs(near_multiples_of_half_pi_f());
         if (function_.is_circular && entry_.lanes == Lanes::l)
