@@ -19,7 +19,7 @@ ZELK_INLINE Powers powers_of(long double t)
     const auto& k = tables::extended_trig;
     const long double z = t * t;
     return {t + t * z * (k.sine_3.hi + z * (k.sine_5 + z * k.sine_7)),
-            z * (-0.5L + z * (k.cosine_4 + z * k.cosine_6))};
+            z * (k.cosine_2 + z * (k.cosine_4 + z * k.cosine_6))};
 }
 
 // sin r - r, |r| < 0.135.
@@ -46,16 +46,6 @@ ZELK_INLINE long double sine_near(const tables::HiLo& value, const tables::HiLo&
     const long double S_lo = static_cast<long double>(value.lo) * signs.value;
     const long double C = (slope.hi + static_cast<long double>(slope.lo)) * signs.slope;
     return S + (S_lo + (S * p.cosine + C * p.sine));
-}
-
-// An 80-bit number as two whose sum is exact: |lo| is at most 2^-32 of |hi|, which has 33 bits.
-ZELK_INLINE Pair short_head(Words x)
-{
-    const int exponent = x.biased_exponent() - exponent_bias;
-    const auto high = static_cast<std::int32_t>(x.significand >> 32 & 0x7FFFFFFF);
-    const auto low = static_cast<std::int32_t>(static_cast<std::uint32_t>(x.significand) ^ 0x80000000);
-    return {(high + 0x1.00000001p31L) * short_power_of_two(exponent - 31, x.negative()),
-            low * short_power_of_two(exponent - 63, x.negative())};
 }
 
 // x = n pi/512 + t, |t| <= pi/1024 and a little: in every rounding mode, so that next to the maximum of the

@@ -43,7 +43,7 @@ ZELK_INLINE bool next_to_multiple(int n)
     asm("fsts %0" : "=m"(head) : "t"(r));
     const Pair sine = {head, (distance.hi - head) + (distance.lo + small_sine_excess(r))};
     const Pair cosine = {
-        1.0L, z * (-0.5L + z * (k.cosine_4 + z * (k.cosine_6 + z * (k.cosine_8 + z * k.cosine_10))))};
+        1.0L, z * (k.cosine_2 + z * (k.cosine_4 + z * (k.cosine_6 + z * (k.cosine_8 + z * k.cosine_10))))};
     if (((n + 128) >> 8 & 1) == 0) return rounded(Quotient{sine, cosine}, 1);
     return rounded(Quotient{cosine, sine}, -1);
 }

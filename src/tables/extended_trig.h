@@ -39,7 +39,7 @@ struct ExtendedTrig {
     Wide step_rest;
     double steps_per_radian;
 
-    // sin t = t + sine_3 t^3 + ..., cos t = 1 - t^2/2 + cosine_4 t^4 + ....
+    // sin t = t + sine_3 t^3 + ..., cos t = 1 + cosine_2 t^2 + ....
     // A term that is below 2^-17 of the result has a binary64 coefficient.
     Wide sine_3;
     double sine_5;
@@ -48,6 +48,7 @@ struct ExtendedTrig {
     double sine_11;
     double sine_13;
     double sine_15;
+    double cosine_2;
     double cosine_4;
     double cosine_6;
     double cosine_8;

@@ -95,6 +95,7 @@ void print_constants()
     std::printf(".sine_11 = %a,\n", one_over(-39916800).to_double());
     std::printf(".sine_13 = %a,\n", one_over(6227020800).to_double());
     std::printf(".sine_15 = %a,\n", one_over(-1307674368000).to_double());
+    std::printf(".cosine_2 = %a,\n", one_over(-2).to_double());
     std::printf(".cosine_4 = %a,\n", one_over(24).to_double());
     std::printf(".cosine_6 = %a,\n", one_over(-720).to_double());
     std::printf(".cosine_8 = %a,\n", one_over(40320).to_double());
