@@ -1,9 +1,12 @@
 // What zelk-accuracy stands on: its judgement of a result, its arguments, and its exact values of whole runs.
 #include "arguments.h"
+#include "exact_values.h"
 #include "exhaustive_oracle.h"
 #include "oracle.h"
 #include "program.h"
 #include "reference.h"
+#include "scalar_routine.h"
+#include "survey.h"
 
 #include <gtest/gtest.h>
 
@@ -13,17 +16,41 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <limits>
 
 namespace zelk::accuracy {
 namespace {
+
+// Of 80 bits the exponent and 48 bits of the significand; half of them next to the ends of the range.
+long double extended_of(std::uint64_t bits)
+{
+    unsigned exponent = static_cast<unsigned>(bits >> 48 & 0x7FFF);
+    if (exponent & 0x100) exponent = exponent & 0x4000 ? 0x7FFF - (exponent & 0x7F) : exponent & 0x7F;
+    const std::uint64_t integer_bit = exponent == 0 ? 0 : 1;
+    return number({integer_bit << 63 | (bits & 0xFFFFFFFFFFFF) << 15,
+                   static_cast<std::uint16_t>((bits >> 48 & 0x8000) | exponent)});
+}
 
 template <class T>
 T number_of(std::uint64_t bits)
 {
     if constexpr (sizeof(T) == 4)
         return std::bit_cast<float>(static_cast<std::uint32_t>(bits));
-    else
+    else if constexpr (sizeof(T) == 8)
         return std::bit_cast<double>(bits);
+    else
+        return extended_of(bits);
+}
+
+template <class T>
+T nearest(mpfr_srcptr exact)
+{
+    if constexpr (sizeof(T) == 4)
+        return mpfr_get_flt(exact, MPFR_RNDN);
+    else if constexpr (sizeof(T) == 8)
+        return mpfr_get_d(exact, MPFR_RNDN);
+    else
+        return mpfr_get_ld(exact, MPFR_RNDN);
 }
 
 template <class T>
@@ -33,11 +60,14 @@ void compare_judgements(const Format& format)
     for (int i = 0; i < 200000; ++i) {
         // Every other one within a few ulp of the exact value, which often is next to a power of two.
         std::uint64_t bits = random.next();
-        if (i % 8 < 2) bits &= sizeof(T) == 4 ? 0xFFFFFFFFFF800000 : 0xFFF0000000000000;
+        if (i % 8 < 2)
+            bits &= sizeof(T) == 4   ? 0xFFFFFFFFFF800000
+                    : sizeof(T) == 8 ? 0xFFF0000000000000
+                                     : 0xFFFF000000000000;
         const T near = number_of<T>(bits);
         const T got = i % 2 ? near : number_of<T>(random.next());
         Exact exact(precision_of(format));
-        mpfr_set_d(exact.value, static_cast<double>(near), MPFR_RNDN);
+        mpfr_set_ld(exact.value, static_cast<long double>(near), MPFR_RNDN);
         if (mpfr_regular_p(exact.value)) {
             // Up to a few ulp of normal numbers and of subnormal ones.
             const double offset = (static_cast<double>(random.next() >> 11) * 0x1p-53 - 0.5) * 8;
@@ -49,7 +79,7 @@ void compare_judgements(const Format& format)
             mpfr_add(exact.value, exact.value, shift.value, MPFR_RNDN);
         }
         const Reference reference(exact.value, format);
-        const Judgement judgement = reference.judge(static_cast<double>(got), format, true);
+        const Judgement judgement = reference.judge(static_cast<long double>(got), format, true);
         const double expected = test::ulp_error(got, exact.value);
         // Zero has no ulp for the tests; beyond 1e200 of them both lose count.
         if (!mpfr_zero_p(exact.value) && !(judgement.ulp > 1e200)) {
@@ -59,10 +89,8 @@ void compare_judgements(const Format& format)
             ASSERT_NEAR(judgement.ulp, expected, 1e-9 * (1 + expected))
                 << std::hexfloat << got << ' ' << mpfr_get_d(exact.value, MPFR_RNDN);
         }
-        ASSERT_EQ(reference.is_rounded_correctly(static_cast<double>(got)),
-                  got == (sizeof(T) == 4 ? static_cast<T>(mpfr_get_flt(exact.value, MPFR_RNDN))
-                                         : static_cast<T>(mpfr_get_d(exact.value, MPFR_RNDN))) ||
-                      (std::isnan(got) && mpfr_nan_p(exact.value)));
+        ASSERT_EQ(reference.is_rounded_correctly(static_cast<long double>(got)),
+                  got == nearest<T>(exact.value) || (std::isnan(got) && mpfr_nan_p(exact.value)));
     }
 }
 
@@ -70,6 +98,7 @@ TEST(Reference, JudgesAsTheTestsDo)
 {
     compare_judgements<float>(binary32);
     compare_judgements<double>(binary64);
+    compare_judgements<long double>(extended80);
 }
 
 TEST(Reference, DirectedRoundingMayStopAtTheLargestNumber)
@@ -88,7 +117,7 @@ TEST(Reference, DirectedRoundingMayStopAtTheLargestNumber)
 
 TEST(Arguments, EveryEntryHasAFunctionAndASmallerSurveyIsPartOfALarger)
 {
-    for (const Entry& entry : entries()) {
+    for (const Entry& entry : surveyed()) {
         const Function* const function = find_function(entry.name);
         ASSERT_TRUE(function) << entry.name;
         const auto less = [](const Argument& a, const Argument& b) {
@@ -101,6 +130,84 @@ TEST(Arguments, EveryEntryHasAFunctionAndASmallerSurveyIsPartOfALarger)
             ASSERT_TRUE(std::ranges::binary_search(large, argument, less))
                 << entry.name << ' ' << argument.x << ' ' << argument.y;
     }
+}
+
+TEST(ExactValues, ComplexArcCosineIsThatOfMpc)
+{
+    Random random(1);
+    Exact parts[4] = {Exact(112), Exact(112), Exact(112), Exact(112)};
+    mpc_t z;
+    mpc_init2(z, 112);
+    for (int i = 0; i < 3000; ++i) {
+        for (Exact& part : parts) { // on the real axis, too
+            const double fraction = static_cast<double>(random.next() >> 11) * 0x1p-52 - 1;
+            mpfr_set_d(part.value, i % 16 == 0 && &part == &parts[1] ? std::copysign(0, fraction) : fraction,
+                       MPFR_RNDN);
+            mpfr_mul_2si(part.value, part.value, static_cast<long>(random.next() % 80) - 40, MPFR_RNDN);
+        }
+        mpc_set_fr_fr(z, parts[0].value, parts[1].value, MPC_RNDNN);
+        mpc_acos(z, z, MPC_RNDNN);
+        complex_arc_cosine(parts[2].value, parts[3].value, parts[0].value, parts[1].value);
+        for (const auto& [part, exact] :
+             {std::pair{parts[2].value, mpc_realref(z)}, std::pair{parts[3].value, mpc_imagref(z)}})
+            ASSERT_TRUE(mpfr_equal_p(part, exact) || mpfr_eq(part, exact, 110)) << i;
+    }
+    mpc_clear(z);
+}
+
+// Results that are stored, in two parts or on the x87 stack reach the judgement as what they are: routines
+// with errors below 0.51 ulp measure as such, and the results of another routine do not.
+TEST(Scalars, EveryFormOfCallIsMeasured)
+{
+    const auto largest_error = [](const char* routine, const char* computes) {
+        const Entry& entry = *find_surveyed(routine);
+        const Function& function = *find_function(computes);
+        const auto arguments = survey_arguments(entry, function, {.samples = 200, .radius = 3});
+        const auto surveys =
+            measure(entry, function, {entry.kernels.back()}, arguments, 0, 1, [](const Entry&, double) {});
+        const Tally& all = surveys.front().tallies.front();
+        EXPECT_GE(all.arguments, arguments.size()) << routine;
+        return all.wrong == 0 ? all.max_ulp[0] : HUGE_VAL;
+    };
+    const struct {
+        const char* routine;
+        const char* other;
+    } cases[] = {
+        {"expl_scalar", "logl_scalar"},         {"sincosl_scalar", "sinhcoshl_scalar"},
+        {"sinhcoshl_scalar", "sincosl_scalar"}, {"powl_scalar", "atan2l_scalar"},
+        {"reduce_pi04l", "sincosl_scalar"},     {"acos_scalar", "log_scalar"},
+        {"atan2_scalar", "copysign_scalar"},    {"sqrtf_scalar", "log_scalar"},
+        {"csqrtf_scalar", "cexpf_scalar"},      {"csqrt_scalar", "clog_scalar"},
+    };
+    for (const auto& [routine, other] : cases) {
+        EXPECT_LT(largest_error(routine, routine), 0.51) << routine;
+        EXPECT_GT(largest_error(routine, other), 1e3) << routine;
+    }
+}
+
+// As many as asked for on both sides and of both signs.
+template <class T>
+void expect_neighbours_of_thresholds(const char* name, int radius)
+{
+    const Entry& entry = *find_surveyed(name);
+    const Function& function = *find_function(name);
+    auto list = survey_arguments(entry, function, {.samples = 4, .radius = radius});
+    std::ranges::sort(list, {}, &Argument::x);
+    for (const Edge& edge : function.edges)
+        for (const T end : {T{0}, std::numeric_limits<T>::infinity()}) {
+            auto x = static_cast<T>(edge.value);
+            for (int i = 0; i <= radius; ++i, x = std::nextafter(x, end))
+                for (const long double signed_x : {x, -x})
+                    ASSERT_TRUE(std::ranges::binary_search(list, signed_x, {}, &Argument::x))
+                        << name << ' ' << edge.text << ' ' << i;
+        }
+}
+
+TEST(Arguments, NeighboursOfEveryThreshold)
+{
+    expect_neighbours_of_thresholds<float>("tanf4", 65536);
+    expect_neighbours_of_thresholds<double>("exp2", 3000);
+    expect_neighbours_of_thresholds<long double>("sinhl_scalar", 3000);
 }
 
 // Every exponent and sign of every function has a run, whose values are within their margins.

@@ -143,8 +143,13 @@ constexpr SpecialComplex specials[] = {
     {infinity, 2, -infinity, infinity},
     {infinity, -4, -infinity, infinity},
     {infinity, 0x1p-149, infinity, infinity},
+    {infinity, -0x1p-70, infinity, -infinity},
+    {infinity, 0x1.921fb6p0, -infinity, infinity},
+    {infinity, 89000, infinity, -infinity},
+    {infinity, -100000, -infinity, -infinity},
     {-infinity, 1, 0.0, 0.0},
     {-infinity, 2, -0.0, 0.0},
+    {-infinity, -0x1p-70, 0.0, -0.0},
     {-infinity, -4, -0.0, 0.0},
     {-infinity, 0x1p100, 0.0, -0.0},
 };
@@ -221,9 +226,14 @@ TEST(Cexp, PrecisionControl)
 
 TEST(Cexp, DirectedRounding)
 {
-    const auto single =
-        numbers(sample_interval(0.0f, 80.0f, 300, 12), sample_interval(0.0f, 9000.0f, 300, 13));
-    const auto wide = numbers(sample_interval(0.0, 700.0, 300, 12), sample_interval(0.0, 9000.0, 300, 13));
+    const auto single = joined(
+        joined(numbers(sample_interval(0.0f, 80.0f, 300, 12), sample_interval(0.0f, 9000.0f, 300, 13)),
+               numbers(sample_interval(0.0f, 80.0f, 300, 14), sample_patterns(0x1p-149f, 1.0f, 300, 15))),
+        near_axes(80.0f, 90000.0f));
+    const auto wide = joined(
+        joined(numbers(sample_interval(0.0, 700.0, 300, 12), sample_interval(0.0, 9000.0, 300, 13)),
+               numbers(sample_interval(0.0, 700.0, 300, 14), sample_patterns(0x1p-1074, 1.0, 300, 15))),
+        near_axes(700.0, 1e300));
     for (const Rounding rounding : {Rounding::down, Rounding::up, Rounding::zero}) {
         const std::string mode = "rounding " + std::to_string(static_cast<unsigned>(rounding));
         expect_errors_within(1.01, 1.01,

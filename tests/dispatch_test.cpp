@@ -139,7 +139,7 @@ TEST_F(Dispatch, EveryScalarRoutineForEveryLevel)
             kernels.push_back({kernel.symbol, kernel.tier, kernel.address});
         expect_tiers_by_level({scalar.name,
                                scalar.name,
-                               Lanes::scalar,
+                               Lanes::d,
                                1,
                                Results::one,
                                scalar.tiers,

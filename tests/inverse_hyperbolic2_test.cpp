@@ -180,18 +180,28 @@ TEST(InverseHyperbolic2, TinyArgumentsAreTheirOwnResult)
             check_specials(kernel, cases, 0.75, OrdinaryLanes::any, nearest);
 }
 
-// Finite results raise nothing loud, though squares of huge arguments would overflow.
-TEST(InverseHyperbolic2, NoFlagsFromHugeArguments)
+// Finite results raise nothing loud, though squares of huge arguments would overflow; and a lane has the same
+// bits beside a huge one as beside itself, whichever path both take.
+TEST(InverseHyperbolic2, HugeArguments)
 {
+    const auto check = [](const Kernel& kernel, double x, double beside, Rounding rounding) {
+        const auto of = [&](double low, double high) {
+            return call(kernel.address, doubles(low, high), {}, {}, nullptr, rounding);
+        };
+        const Result both = of(x, beside);
+        EXPECT_EQ(both.flags & loud_flags, 0u) << kernel.symbol << ' ' << x << ' ' << beside;
+        EXPECT_EQ(both.first.q[0], of(x, x).first.q[0]) << kernel.symbol << ' ' << x << ' ' << beside;
+        EXPECT_EQ(both.first.q[1], of(beside, beside).first.q[1])
+            << kernel.symbol << ' ' << x << ' ' << beside;
+    };
+    // Below 1e154 in the high word, in the low word alone, and from there on.
+    const double cases[] = {0x1.7dddep511, 0x1.7dddfp511, std::nextafter(huge, 0.0), huge, 1e200, largest};
     for (const char* name : {"asinh2", "acosh2"})
         for (const auto& kernel : entry(name).kernels)
-            for (const double x : {std::nextafter(huge, 0.0), huge, 1e200, largest})
-                for (const double beside : {2.0, 1.0})
+            for (const double x : cases)
+                for (const double beside : {1.0, 1.25, 2.0, huge, infinity})
                     for (const Rounding rounding : all_roundings)
-                        EXPECT_EQ(call(kernel.address, doubles(x, beside), {}, {}, nullptr, rounding).flags &
-                                      loud_flags,
-                                  0u)
-                            << kernel.symbol << ' ' << x;
+                        check(kernel, x, beside, rounding);
 }
 
 // Of either path.

@@ -119,6 +119,24 @@ TEST(Masked, ActiveLanesOnly)
     }
 }
 
+// Masks that are active in every lane and yet not all ones: the blend takes them bit by bit.
+TEST(Masked, BlendsOnBits)
+{
+    for (const Entry& entry : entries())
+        for (const Vec128& mask : {words(0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFE),
+                                   words(0xFFFF7FFF, 0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF),
+                                   words(0x80000000, 0x80000000, 0x80000000, 0x80000000)}) {
+            const Vec128 a = splat(entry, 7);
+            const Vec128 b = splat(entry, 3);
+            alignas(16) Vec128 stored[2] = {};
+            const Result expected = call(entry.address, blended(a, mask, splat(entry, entry.substitute[0])),
+                                         blended(b, mask, splat(entry, entry.substitute[1])), {}, &stored[0]);
+            const Result result = call_masked(entry, a, b, mask, &stored[1]);
+            EXPECT_TRUE(same_bits(result.first, expected.first)) << entry.masked << hex(mask);
+            EXPECT_TRUE(same_bits(stored[0], stored[1])) << entry.masked << hex(mask);
+        }
+}
+
 TEST(Masked, NoActiveLane)
 {
     for (const Entry& entry : entries()) {

@@ -223,9 +223,10 @@ std::vector<Special> candidates(const Entry& entry)
         const bool is_double = entry.lanes == Lanes::d2;
         add(1);
         for (const auto& edge : find_function(entry.name)->edges) {
-            add(edge.value);
-            add(is_double ? std::nextafter(edge.value, HUGE_VAL)
-                          : static_cast<double>(std::nextafter(static_cast<float>(edge.value), HUGE_VALF)));
+            const auto value = static_cast<double>(edge.value);
+            add(value);
+            add(is_double ? std::nextafter(value, HUGE_VAL)
+                          : static_cast<double>(std::nextafter(static_cast<float>(value), HUGE_VALF)));
         }
         add(is_double ? std::numeric_limits<double>::denorm_min() : 0x1p-149);
         add(is_double ? std::numeric_limits<double>::max() : 0x1.fffffep127);

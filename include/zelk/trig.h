@@ -22,7 +22,7 @@ zelk_float4 __zelk_cosf4(zelk_float4 x);
 /* Double precision sine and cosine. */
 
 /* sin x on two binary64 lanes, x in radians, any finite x.
- * Error: 2.45 ulp for |x| < 128000.0625, 2.33 up to 2^30, 0.510 beyond (or beside a lane of 2^30 or more).
+ * Error: 2.85 ulp for |x| < 128000.0625, 2.33 up to 2^30, 0.510 beyond (or beside a lane of 2^30 or more).
  * Special: an infinity gives NaN and raises invalid; a NaN gives the quieted NaN, a signalling one raises
  * invalid; -0 gives +0.
  * Method: multiples of pi subtracted in four parts and a degree-17 odd polynomial; up to 2^30 multiples of
@@ -31,7 +31,7 @@ zelk_float4 __zelk_cosf4(zelk_float4 x);
 zelk_double2 __zelk_sin2(zelk_double2 x);
 
 /* cos x on two binary64 lanes, x in radians, any finite x.
- * Error: 2.55 ulp for |x| <= 128000, 2.19 up to 2^30, 0.510 beyond (or beside a lane of 2^30 or more).
+ * Error: 2.67 ulp for |x| <= 128000, 2.19 up to 2^30, 0.510 beyond (or beside a lane of 2^30 or more).
  * Special: as __zelk_sin2, but a NaN loses its sign; cos 0 = 1.
  * Method: as __zelk_sin2, shifted by pi/2. */
 zelk_double2 __zelk_cos2(zelk_double2 x);
@@ -62,7 +62,7 @@ zelk_double2 __zelk_tan2(zelk_double2 x);
 zelk_float4 __zelk_sincosf4(zelk_float4 x);
 
 /* The same on two binary64 lanes.
- * Error: 2.39 ulp for |x| < 128000.0625, 1.48 up to 2^30, 1.72 beyond.
+ * Error: 2.4 ulp for |x| < 128000.0625, 1.48 up to 2^30, 1.72 beyond.
  * Special: as __zelk_sincosf4, its 10000 being 128000.0625.
  * Method: as __zelk_sincosf4 with polynomials of degree 13 and 14; beyond 2^30 the reduction by pieces of
  * 4/pi. */

@@ -1,7 +1,7 @@
 // e^z = e^x cos y + i e^x sin y of one complex number with binary32 parts, z = x + iy.
 // Method, tier A: cexp_scalar on the widened parts. Other tiers: in binary64, e^x by a table of 2^(j/128),
 // sine and cosine from those of the nearest multiple of pi/32, each part rounded once; |x| >= 256 and |y| >=
-// 90112 as in tier A.
+// 90112 as in tier A, but for infinite x, of which the signs alone are asked for.
 #include "tables/cexpf_scalar.h"
 #include "complex/cexp_special.h"
 #include "dispatch/kernels.h"
@@ -69,13 +69,14 @@ struct Turn {
 ZELK_INLINE Turn sine_and_cosine(double y)
 {
     const auto& k = tables::static_const_table_cexpf;
-    const double shifted = y * k.inv_pi_32 + k.shifter;
-    const double n = shifted - k.shifter;
+    // To nearest in every rounding mode: next to a zero of the sine or cosine no other j will do.
+    const auto j = static_cast<std::int32_t>(y * k.inv_pi_32 + __builtin_copysign(0.5, y));
+    const auto n = static_cast<double>(j);
     const double r = ((y - n * k.pi_32_1) - n * k.pi_32_2) - n * k.pi_32_3;
     const double r2 = r * r;
     const double s = r + r * r2 * (k.s3 + r2 * (k.s5 + r2 * k.s7));
     const double c = r2 * (k.c2 + r2 * (k.c4 + r2 * k.c6)); // cos r - 1
-    const auto& at = k.angles[__builtin_bit_cast(std::uint64_t, shifted) & 63];
+    const auto& at = k.angles[j & 63];
     return {at.sine + (at.sine * c + at.cosine * s), at.cosine + (at.cosine * c - at.sine * s)};
 }
 
@@ -101,6 +102,26 @@ ZELK_INLINE complex_float cexpf_on_real_axis(float x, float y)
     return make_complex(re, y);
 }
 
+// 0 < |y| < 90112.
+ZELK_INLINE bool has_short_reduction(float y)
+{
+    return magnitude_pattern(y) - 1 < 0x47AFFFFF;
+}
+
+// x is infinite or a NaN, 0 < |y| < 90112: infinities or zeros with the signs of cosine and sine, or x.
+ZELK_INLINE complex_float cexpf_of_special_x(float x, float y)
+{
+    if (is_nan(x)) {
+        const float nan = x + x;
+        return make_complex(nan, nan);
+    }
+    const float size = is_negative(x) ? 0.0f : x;
+    // Below 1 the signs are known.
+    if (magnitude_pattern(y) < 0x3F800000) return make_complex(size, with_sign_of(size, y));
+    const Turn turn = sine_and_cosine(y);
+    return make_complex(is_negative(turn.cosine) ? -size : size, is_negative(turn.sine) ? -size : size);
+}
+
 // Arguments off the main path.
 [[gnu::noinline, gnu::cold]] static complex_float cexpf_special(complex_float z)
 {
@@ -108,6 +129,7 @@ ZELK_INLINE complex_float cexpf_on_real_axis(float x, float y)
     const float y = imag(z);
     if (!is_finite(y)) return cexp_of_special_angle(x, y);
     if (is_zero(y) && !is_nan(x)) return cexpf_on_real_axis(x, y);
+    if (!is_finite(x) && has_short_reduction(y)) return cexpf_of_special_x(x, y);
     return internal_cexpf(z);
 }
 
@@ -117,8 +139,7 @@ complex_float cexpf_scalar(complex_float z)
 
     const float x = real(z);
     const float y = imag(z);
-    // 0 < |y| < 90112 and |x| < 256.
-    if (magnitude_pattern(y) - 1 < 0x47AFFFFF && magnitude_pattern(x) < 0x43800000) [[likely]] {
+    if (has_short_reduction(y) && magnitude_pattern(x) < 0x43800000) [[likely]] { // 256
         const double e = exponential(x);
         const Turn turn = sine_and_cosine(y);
         return underflow_signalled(rounded(e * turn.cosine, e * turn.sine));

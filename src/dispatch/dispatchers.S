@@ -5,9 +5,9 @@
 // kernel returns straight to the caller. A word of 0 means that the features are not determined yet: the
 // dispatcher has them determined, which preserves all argument registers, and starts again.
 //
-// A masked entry replaces the inactive lanes of its arguments by values inside the function's domain and jumps to
-// the dispatcher, or returns at once when no lane is active. A mask lane is active by its sign bit; the blend works
-// on bits. An alias is one jump.
+// A masked entry replaces the inactive lanes of its arguments by values inside the function's domain and goes on as
+// the dispatcher does, or returns at once when no lane is active. A mask lane is active by its sign bit; the blend
+// works on bits. An alias is one jump.
 
 #include <cet.h>
 
@@ -29,37 +29,35 @@
 
 #if defined(__x86_64__)
 
-.macro dispatcher symbol:req, lanes:req, tiers:vararg
-    .globl \symbol
-    .type \symbol, @function
-    .p2align 6
-\symbol:
-    .cfi_startproc
-    _CET_ENDBR
-1:  movq __brava_cpu_indicator@GOTPCREL(%rip), %rax
+.macro load_got
+.endm
+
+// Goes to the label if all bits of the mask are set: nothing is to be replaced. In the power, which keeps the
+// processor's reorder buffer full, the wait for a blend costs more than this.
+.macro skip_if_all_active mask:req, label:req
+    pcmpeqd %xmm3, %xmm3
+    pcmpeqd \mask, %xmm3
+    pmovmskb %xmm3, %ecx
+    cmpl $0xFFFF, %ecx
+    je \label
+.endm
+
+// Goes to the first tier that the processor has; falls through if the features are not determined.
+.macro select_tier symbol:req, tiers:vararg
+    movq __brava_cpu_indicator@GOTPCREL(%rip), %rax
     movl (%rax), %eax
     .irp tier, \tiers
     testl $mask_\tier, %eax
     jnz \symbol\().\tier
     .endr
+.endm
+
+.macro determine_features
     subq $8, %rsp
     .cfi_adjust_cfa_offset 8
     call *__brava_cpu_indicator_init@GOTPCREL(%rip)
     addq $8, %rsp
     .cfi_adjust_cfa_offset -8
-    jmp 1b
-    .cfi_endproc
-    .size \symbol, . - \symbol
-.endm
-
-// Sets ZF when no lane of the mask is active.
-.macro test_mask lanes:req, mask:req
-    .ifc \lanes, d2
-    movmskpd \mask, %eax
-    .else
-    movmskps \mask, %eax
-    .endif
-    testl %eax, %eax
 .endm
 
 // argument = (argument AND mask) OR (constant AND NOT mask); the mask is lost.
@@ -68,29 +66,32 @@
     andnps \constant(%rip), \mask
     orps \mask, \argument
 .endm
-.macro prepare_constants
-.endm
-
 #define ZELK_TIERS_OF_(column) ZELK_TIERS_##column
 #define ZELK_TARGET_TIERS(x86_64, i386) ZELK_TIERS_OF_(x86_64)
 
 #else
 
-.macro dispatcher symbol:req, lanes:req, tiers:vararg
-    .globl \symbol
-    .type \symbol, @function
-    .p2align 6
-\symbol:
-    .cfi_startproc
-    _CET_ENDBR
-1:  call .Lload_pc
+// The GOT's address.
+.macro load_got
+    call .Lload_pc
     addl $_GLOBAL_OFFSET_TABLE_, %eax
+.endm
+
+.macro skip_if_all_active mask:req, label:req
+.endm
+
+// Goes to the first tier that the processor has; falls through if the features are not determined. EAX holds the
+// GOT's address.
+.macro select_tier symbol:req, tiers:vararg
     movl __brava_cpu_indicator@GOT(%eax), %eax
     movl (%eax), %eax
     .irp tier, \tiers
     testl $mask_\tier, %eax
     jnz \symbol\().\tier
     .endr
+.endm
+
+.macro determine_features
     // The caller may hold the stack at any multiple of 4; the initialisation gets it aligned to 16.
     pushl %ebp
     .cfi_def_cfa_offset 8
@@ -98,25 +99,11 @@
     movl %esp, %ebp
     .cfi_def_cfa_register %ebp
     andl $-16, %esp
-    call .Lload_pc
-    addl $_GLOBAL_OFFSET_TABLE_, %eax
+    load_got
     call *__brava_cpu_indicator_init@GOT(%eax)
     leave
     .cfi_restore %ebp
     .cfi_def_cfa %esp, 4
-    jmp 1b
-    .cfi_endproc
-    .size \symbol, . - \symbol
-.endm
-
-// Sets ZF when no lane of the mask is active.
-.macro test_mask lanes:req, mask:req
-    .ifc \lanes, d2
-    movmskpd \mask, %ecx
-    .else
-    movmskps \mask, %ecx
-    .endif
-    testl %ecx, %ecx
 .endm
 
 // argument = (argument AND mask) OR (constant AND NOT mask); the mask is lost. EAX holds the GOT's address.
@@ -125,11 +112,6 @@
     andnps \constant@GOTOFF(%eax), \mask
     orps \mask, \argument
 .endm
-.macro prepare_constants
-    call .Lload_pc
-    addl $_GLOBAL_OFFSET_TABLE_, %eax
-.endm
-
 #define ZELK_TIERS_OF_(column) ZELK_TIERS_##column
 #define ZELK_TARGET_TIERS(x86_64, i386) ZELK_TIERS_OF_(i386)
 
@@ -142,6 +124,21 @@
     .cfi_endproc
 
 #endif
+
+.macro dispatcher symbol:req, tiers:vararg
+    .globl \symbol
+    .type \symbol, @function
+    .p2align 6
+\symbol:
+    .cfi_startproc
+    _CET_ENDBR
+1:  load_got
+    select_tier \symbol, \tiers
+    determine_features
+    jmp 1b
+    .cfi_endproc
+    .size \symbol, . - \symbol
+.endm
 
 // One 16-byte constant with `value` in every lane; the linker merges equal ones.
 .macro lane_constant name:req, lanes:req, value:req
@@ -164,69 +161,82 @@
     .text
 .endm
 
+// The active lanes of the mask, and ZF set when there is none.
+.macro collect_mask lanes:req, mask:req
+    .ifc \lanes, d2
+    movmskpd \mask, %ecx
+    .else
+    movmskps \mask, %ecx
+    .endif
+.endm
+.macro test_mask
+    testl %ecx, %ecx
+.endm
+
 // Kinds of masked entry. One-argument functions have the mask in XMM1, two-argument functions in XMM2. `a` and `b`
-// name the constants for inactive lanes; XMM3 is free in every convention.
+// name the constants for inactive lanes; XMM3 is free in every convention. Without an active lane they go to 1.
 
 // Z: zeroed; with no active lane the zeroed argument, and for two results the mask itself, are in place.
-.macro masked_Z symbol:req, lanes:req, a:req, b:req
-    test_mask \lanes, %xmm1
+.macro masked_Z lanes:req, a:req, b:req
+    collect_mask \lanes, %xmm1
     andps %xmm1, %xmm0
-    jnz \symbol
-    ret
+    test_mask
+    jz 1f
+    load_got
 .endm
 
 // S: substituted; with no active lane the blended argument.
-.macro masked_S symbol:req, lanes:req, a:req, b:req
-    prepare_constants
-    test_mask \lanes, %xmm1
+.macro masked_S lanes:req, a:req, b:req
+    load_got
+    collect_mask \lanes, %xmm1
     blend %xmm0, %xmm1, \a
-    jnz \symbol
-    ret
+    test_mask
+    jz 1f
 .endm
 
 // D: substituted; with no active lane the caller's argument.
-.macro masked_D symbol:req, lanes:req, a:req, b:req
-    test_mask \lanes, %xmm1
+.macro masked_D lanes:req, a:req, b:req
+    collect_mask \lanes, %xmm1
+    test_mask
     jz 1f
-    prepare_constants
+    load_got
     blend %xmm0, %xmm1, \a
-    jmp \symbol
-1:  ret
 .endm
 
 // D2: both substituted; with no active lane the caller's first argument.
-.macro masked_D2 symbol:req, lanes:req, a:req, b:req
-    test_mask \lanes, %xmm2
+.macro masked_D2 lanes:req, a:req, b:req
+    collect_mask \lanes, %xmm2
+    test_mask
     jz 1f
-    prepare_constants
+    load_got
     movaps %xmm2, %xmm3
     blend %xmm0, %xmm2, \a
     blend %xmm1, %xmm3, \b
-    jmp \symbol
-1:  ret
 .endm
 
 // T, I: first argument zeroed, second substituted.
-.macro masked_T symbol:req, lanes:req, a:req, b:req
-    prepare_constants
-    test_mask \lanes, %xmm2
+.macro masked_T lanes:req, a:req, b:req
+    load_got
+    collect_mask \lanes, %xmm2
     andps %xmm2, %xmm0
     blend %xmm1, %xmm2, \b
-    jnz \symbol
-    ret
+    test_mask
+    jz 1f
 .endm
-.macro masked_I symbol:req, lanes:req, a:req, b:req
-    masked_T \symbol, \lanes, \a, \b
+.macro masked_I lanes:req, a:req, b:req
+    masked_T \lanes, \a, \b
 .endm
 
 // P: first argument substituted, second zeroed.
-.macro masked_P symbol:req, lanes:req, a:req, b:req
-    prepare_constants
-    test_mask \lanes, %xmm2
+.macro masked_P lanes:req, a:req, b:req
+    skip_if_all_active %xmm2, 2f
+    load_got
+    collect_mask \lanes, %xmm2
     andps %xmm2, %xmm1
     blend %xmm0, %xmm2, \a
-    jnz \symbol
-    ret
+    test_mask
+    jz 1f
+2:
 .endm
 
 .macro function name:req
@@ -242,11 +252,14 @@
     .size \name, . - \name
 .endm
 
-.macro masked name:req, symbol:req, lanes:req, kind:req, a:req, b:req
+.macro masked name:req, symbol:req, lanes:req, kind:req, a:req, b:req, tiers:vararg
     lane_constant .L\name\()_a, \lanes, \a
     lane_constant .L\name\()_b, \lanes, \b
     function \name
-    masked_\kind \symbol, \lanes, .L\name\()_a, .L\name\()_b
+    masked_\kind \lanes, .L\name\()_a, .L\name\()_b
+    select_tier \symbol, \tiers
+    jmp \symbol
+1:  ret
     end_function \name
 .endm
 
@@ -266,7 +279,7 @@
 // A scalar routine with one implementation has no dispatcher.
 .macro scalar_dispatcher symbol:req, tiers:vararg
     .ifnc \tiers, plain
-    dispatcher \symbol, scalar, \tiers
+    dispatcher \symbol, \tiers
     .endif
 .endm
 #define ZELK_TIERS_plain plain
@@ -277,8 +290,8 @@
 #define ZELK_MASKED_P(symbol) symbol##Mask
 
 #define ZELK_ENTRY(kernel, symbol, lanes, args, results, x86_64, i386, mask, a, b, alias)                    \
-    dispatcher symbol, lanes, ZELK_TARGET_TIERS(x86_64, i386) ;                                              \
-    masked ZELK_MASKED_##results(symbol), symbol, lanes, mask, a, b ;                                        \
+    dispatcher symbol, ZELK_TARGET_TIERS(x86_64, i386) ;                                                     \
+    masked ZELK_MASKED_##results(symbol), symbol, lanes, mask, a, b, ZELK_TARGET_TIERS(x86_64, i386) ;       \
     alias_pair alias, symbol, ZELK_MASKED_##results(symbol)
 #define ZELK_SCALAR(kernel, signature, x86_64, i386)                                                         \
     scalar_dispatcher kernel, ZELK_TARGET_TIERS(x86_64, i386)

@@ -25,17 +25,25 @@ ZELK_INLINE double2 decimal_logarithm(double2 x, const Log102& k)
     return ((polynomial + s.lo) + s.rest) + s.leading;
 }
 
-[[gnu::noinline, gnu::cold]] static double2 special_lanes(double2 x)
+[[gnu::noinline, gnu::cold]] static double2 subnormal_lanes(double2 x)
 {
     const auto& k = tables::log102;
     const Classesd2 classes = classify(x);
     return finish(decimal_logarithm(classes.argument, k), classes, k.s_db1022xLg2, k.s_db1022xLg2Lo);
 }
 
+[[gnu::noinline, gnu::cold]] static double2 special_lanes(double2 x, int4 normal)
+{
+    if (has_subnormal(x)) return subnormal_lanes(x);
+    const Replacedd2 lanes = replace_special(x, normal);
+    return with_patterns(decimal_logarithm(lanes.argument, tables::log102), lanes);
+}
+
 double2 log102(double2 x)
 {
-    if (!all_positive_normal(x)) [[unlikely]]
-        return special_lanes(x);
+    const int4 normal = positive_normal(x);
+    if (lane_mask(as_double2(normal)) != all_lanes2) [[unlikely]]
+        return special_lanes(x, normal);
     return decimal_logarithm(x, tables::log102);
 }
 

@@ -43,17 +43,25 @@ ZELK_INLINE double2 natural_logarithm(double2 x, const Log2& k)
     return ((log1p_polynomial(s.r, k) + s.lo) + s.rest) + s.leading;
 }
 
-[[gnu::noinline, gnu::cold]] static double2 special_lanes(double2 x)
+[[gnu::noinline, gnu::cold]] static double2 subnormal_lanes(double2 x)
 {
     const auto& k = constants();
     const Classesd2 classes = classify(x);
     return finish(natural_logarithm(classes.argument, k), classes, k.s_db1022xLn2, k.s_db1022xLn2Lo);
 }
 
+[[gnu::noinline, gnu::cold]] static double2 special_lanes(double2 x, int4 normal)
+{
+    if (has_subnormal(x)) return subnormal_lanes(x);
+    const Replacedd2 lanes = replace_special(x, normal);
+    return with_patterns(natural_logarithm(lanes.argument, constants()), lanes);
+}
+
 double2 log2(double2 x)
 {
-    if (!all_positive_normal(x)) [[unlikely]]
-        return special_lanes(x);
+    const int4 normal = positive_normal(x);
+    if (lane_mask(as_double2(normal)) != all_lanes2) [[unlikely]]
+        return special_lanes(x, normal);
     return natural_logarithm(x, constants());
 }
 

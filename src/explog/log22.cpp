@@ -38,7 +38,7 @@ ZELK_INLINE double2 binary_logarithm(double2 x, const Log22& k)
     return p + (parts.e + double2{row0.H, row1.H});
 }
 
-[[gnu::noinline, gnu::cold]] static double2 spec_dlog22(double2 x)
+[[gnu::noinline, gnu::cold]] static double2 subnormal_lanes(double2 x)
 {
     const auto& k = tables::log22;
     const Classesd2 classes = classify(x);
@@ -46,10 +46,18 @@ ZELK_INLINE double2 binary_logarithm(double2 x, const Log22& k)
     return with_patterns(result + in_subnormal_lanes(k.s_db1022, classes), classes);
 }
 
+[[gnu::noinline, gnu::cold]] static double2 spec_dlog22(double2 x, int4 normal)
+{
+    if (has_subnormal(x)) return subnormal_lanes(x);
+    const Replacedd2 lanes = replace_special(x, normal);
+    return with_patterns(binary_logarithm(lanes.argument, tables::log22), lanes);
+}
+
 double2 log22(double2 x)
 {
-    if (!all_positive_normal(x)) [[unlikely]]
-        return spec_dlog22(x);
+    const int4 normal = positive_normal(x);
+    if (lane_mask(as_double2(normal)) != all_lanes2) [[unlikely]]
+        return spec_dlog22(x, normal);
     return binary_logarithm(x, tables::log22);
 }
 

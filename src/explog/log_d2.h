@@ -27,14 +27,51 @@ ZELK_INLINE std::uint32_t high_word(double2 x, int lane)
     return static_cast<std::uint32_t>(as_int4(x)[2 * lane + 1]);
 }
 
-ZELK_INLINE bool all_positive_normal(double2 x)
+// All ones in the high words of the positive normal lanes.
+ZELK_INLINE int4 positive_normal(double2 x)
 {
     const auto& c = tables::log_d2;
-    return lane_mask(as_double2(as_int4(x) + c.i00100000 > c.i001fffff)) == all_lanes2;
+    return as_int4(x) + c.i00100000 > c.i001fffff;
 }
 
-// What becomes of the lanes when one of them is special: the logarithm is taken of `argument`, then corrected
-// in the subnormal lanes, then kept in the lanes of `keep` and replaced by `pattern` in the others.
+// Lanes that have no logarithm, when no lane is subnormal: 1 while the others are computed, then the pattern
+// of the result.
+struct Replacedd2 {
+    double2 argument;
+    long2 keep;
+    double2 pattern;
+};
+
+// All ones in the lanes whose two words are.
+ZELK_INLINE int4 both_words(int4 x)
+{
+    return x & (int4)_mm_shuffle_epi32((__m128i)x, 0xB1);
+}
+
+ZELK_INLINE Replacedd2 replace_special(double2 x, int4 normal)
+{
+    const auto& c = tables::log_d2;
+    const long2 keep = as_long2(high_words(normal));
+    const long2 zero = as_long2(both_words(as_int4(as_long2(x) + as_long2(x)) == 0));
+    const long2 infinite = as_long2(both_words(as_int4(x) == as_int4(c.infinity)));
+    const long2 pattern = as_long2(c.infinity) | (as_long2(c.minus_inf) & zero) | ~(zero | infinite);
+    return {select(keep, x, c.dbOne), keep, as_double2(pattern)};
+}
+
+ZELK_INLINE double2 with_patterns(double2 logarithm, const Replacedd2& lanes)
+{
+    return select(lanes.keep, logarithm, lanes.pattern);
+}
+
+// Whether a lane may be positive and subnormal; the smallest normal number counts as well.
+ZELK_INLINE bool has_subnormal(double2 x)
+{
+    const int4 predecessor = as_int4(as_long2(x) - 1);
+    return lane_mask(as_double2(as_int4(as_uint4(predecessor) >> 20) == 0)) != 0;
+}
+
+// What becomes of the lanes when one of them is subnormal: the logarithm is taken of `argument`, then
+// corrected in the subnormal lanes, then kept in the lanes of `keep` and replaced by `pattern` in the others.
 struct Classesd2 {
     double2 argument;
     long2 subnormal;

@@ -1,8 +1,8 @@
 // x^y on four binary32 lanes.
 // Method: 2^w, w = y log2|x|, both in binary64 and without a table. log2: |x| = 2^e m, 0.7071 <= m < 1.4143,
 // and an odd polynomial in s = (m - 1)/(m + 1), the quotient from the processor's reciprocal estimate. 2^w:
-// the product of three quadratics in f = w - round(w). A lane whose result is known beforehand carries that
-// result in place of w, marked as a NaN that no product gives.
+// the product of three quadratics in f = w - round(w). The table of special values is a choice by masks on
+// all lanes at once; a vector whose powers are all known by it needs no logarithm.
 #include "tables/powf4.h"
 #include "dispatch/exceptions.h"
 #include "dispatch/kernels.h"
@@ -72,20 +72,29 @@ ZELK_INLINE int4 is_beyond(double2 w, const Powf4& k)
     return (high_words(as_int4(w)) & k.abs_mask) > k.largest_exponent;
 }
 
-// Lanes beyond 708 are zero or infinite as w is below or above 0; marked lanes have their result in the low
-// word.
+// Lanes of `lanes` pass through the power as zeros: they must not raise anything there.
+ZELK_INLINE float4 raise_two_but(int4 lanes, const Wide& w, const Powf4& k)
+{
+    const int4 low = as_int4(duplicate_low(lanes));
+    const int4 high = as_int4(duplicate_high(lanes));
+    return narrow(power_of_two(as_double2(as_int4(w.low) & ~low), k),
+                  power_of_two(as_double2(as_int4(w.high) & ~high), k));
+}
+
+ZELK_INLINE int4 high_words_of(const Wide& w)
+{
+    return odd_words(as_int4(w.low), as_int4(w.high));
+}
+
+// Lanes beyond 708 are zero or infinite as w is below or above 0.
 [[gnu::noinline, gnu::cold]] static float4 raise_two_beyond(double2 w_low, double2 w_high)
 {
     const auto& k = tables::powf4;
-    const int4 beyond_low = is_beyond(w_low, k);
-    const int4 beyond_high = is_beyond(w_high, k);
-    // Such lanes pass through the power as zeros: they must not raise anything there.
-    const float4 ordinary = narrow(power_of_two(as_double2(as_long2(w_low) & ~as_long2(beyond_low)), k),
-                                   power_of_two(as_double2(as_long2(w_high) & ~as_long2(beyond_high)), k));
-    const int4 high = odd_words(as_int4(w_low), as_int4(w_high));
-    const int4 low = even_words(as_int4(w_low), as_int4(w_high));
-    const int4 known = select(high == -1, low, ~(high >> 31) & k.exponent_field);
-    return as_float4(select(even_words(beyond_low, beyond_high), known, as_int4(ordinary)));
+    const Wide w = {w_low, w_high};
+    const int4 high = high_words_of(w);
+    const int4 beyond = (high & k.abs_mask) > k.largest_exponent;
+    const int4 ordinary = as_int4(raise_two_but(beyond, w, k));
+    return as_float4(select(beyond, ~(high >> 31) & k.exponent_field, ordinary));
 }
 
 ZELK_INLINE float4 raise_two(const Wide& w, const Powf4& k)
@@ -95,106 +104,84 @@ ZELK_INLINE float4 raise_two(const Wide& w, const Powf4& k)
     return narrow(power_of_two(w.low, k), power_of_two(w.high, k));
 }
 
-constexpr std::uint32_t one = 0x3F800000;
-constexpr std::uint32_t infinity = 0x7F800000;
-constexpr std::uint32_t nan = 0x7FFFFFFF;
-constexpr std::uint32_t sign_bit = 0x80000000;
-constexpr std::uint32_t even = 0x40000000;
-constexpr std::uint32_t odd = 0x80000000;
-
-// even, odd, or 0 for what is not an integer.
-static inline std::uint32_t _int_test(std::uint32_t y)
+// Lanes that are integers, and the sign bit where they are odd. Infinities and NaNs pass for even ones.
+struct Parity {
+    int4 integer;
+    int4 odd;
+};
+ZELK_INLINE Parity _int_test(int4 magnitude, const Powf4& k)
 {
-    const std::uint32_t magnitude = y & ~sign_bit;
-    if (magnitude >= infinity) return 0;
-    if (magnitude >= 0x4B800000) return even; // 2^24
-    if (magnitude >= 0x4B000000) return magnitude & 1 ? odd : even;
-    const float a = __builtin_bit_cast(float, magnitude);
-    const float t = a + 0x1p23f;
-    if (t - 0x1p23f != a) return 0;
-    return __builtin_bit_cast(std::uint32_t, t) & 1 ? odd : even;
+    const int4 below = magnitude & (magnitude < k.two_24); // from 2^24 on every number is even, as zero is
+    const int4 n = trunc_to_int(as_float4(below));
+    const int4 integer = as_int4(to_float4(n)) == below;
+    return {integer, (n << 31) & integer};
 }
 
-// The pattern of 2^w in binary32.
-static inline std::uint32_t _Exp2(std::int64_t w)
-{
-    const double2 power = power_of_two(as_double2(long2{w, w}), tables::powf4);
-    return as_uint4(narrow(power, power))[0];
-}
+// The special values: `known` lanes have the result `result`. In the others `sign` belongs to the power of
+// |x|, and `result` is what becomes of it beyond the range: zero or infinity, with that sign.
+struct Special {
+    int4 known;
+    int4 result;
+    int4 sign;
+};
 
-static inline std::int64_t marked(std::uint32_t result)
+ZELK_INLINE Special _pow_spec(int4 x, int4 y, const Powf4& k)
 {
-    return static_cast<std::int64_t>(0xFFFFFFFF00000000 | result);
-}
+    const int4 one = as_int4(k.one);
+    const int4 negative_x = x >> 31;
+    const int4 abs_x = x & k.abs_mask;
+    const int4 abs_y = y & k.abs_mask;
+    const int4 zero_x = abs_x == 0;
+    const int4 infinite_y = abs_y == k.exponent_field;
+    const int4 quiet_nan = (abs_x > k.exponent_field) | (abs_y > k.exponent_field);
+    const int4 settled = quiet_nan | infinite_y | (abs_x == k.exponent_field);
 
-static inline std::int64_t spec_lane(std::uint32_t x, std::uint32_t y, bool special_x, std::int64_t w)
-{
-    const std::uint32_t abs_x = x & ~sign_bit;
-    const std::uint32_t abs_y = y & ~sign_bit;
-    const bool negative_y = y != abs_y;
-    if (abs_y == 0) return marked(one);
-    if (abs_x > infinity || abs_y > infinity) return marked(x == one ? one : nan);
-    if (special_x) {
-        const std::uint32_t parity = _int_test(y);
-        const std::uint32_t sign = parity == odd ? x & sign_bit : 0;
-        if (abs_x == 0) {
-            if (negative_y) _raise_zerodivide();
-            return marked(sign | (negative_y ? infinity : 0));
-        }
-        if (abs_x == infinity) return marked(sign | (negative_y ? 0 : infinity));
-        if (parity != 0) {
-            const auto magnitude = static_cast<std::uint32_t>(w >> 32) & ~sign_bit;
-            if (magnitude < 0x40862000) return marked(sign | _Exp2(w));
-            return marked(sign | (w < 0 ? 0 : infinity));
-        }
-        if (abs_y != infinity) {
-            _raise_invalid();
-            return marked(nan);
-        }
-    }
-    if (x == one) return marked(one);
-    if (abs_y == infinity) {
-        if (abs_x == one) return marked(one);
-        return marked((abs_x > one) != negative_y ? infinity : 0);
-    }
-    return w;
-}
+    // Where no lane is special, or only +0 to positive powers, 1 and the power 0 take the ordinary way.
+    const int4 some_special = any_lane(settled | negative_x | (zero_x & ~(y > 0)));
+    const int4 result_one = ((x == one) | (abs_y == 0) | ((abs_x == one) & infinite_y)) & some_special;
 
-// Bit i of special_x is set if lane i of x is zero, negative, infinite or NaN; that of known, for each lane
-// of which the result may be known.
-static inline Wide _pow_spec(unsigned known, unsigned special_x, uint4 x, uint4 y, const Wide& w)
-{
-    long2 lanes[2] = {as_long2(w.low), as_long2(w.high)};
-    for (; known != 0; known &= known - 1) {
-        const auto i = static_cast<unsigned>(__builtin_ctz(known));
-        lanes[i / 2][i % 2] = spec_lane(x[i], y[i], special_x >> i & 1, lanes[i / 2][i % 2]);
-    }
-    return {as_double2(lanes[0]), as_double2(lanes[1])};
+    // Only negative x asks whether y is an integer.
+    const Parity y_parity = _int_test(abs_y & negative_x, k);
+    const int4 invalid = ~(y_parity.integer | zero_x) & (abs_x < k.exponent_field);
+    const int4 zero_division = zero_x & (y >> 31) & ~(result_one | quiet_nan);
+    // Each division and difference raises its flag in those lanes, and nothing in the others.
+    opaque(as_float4(one) / opaque(as_float4(one & ~zero_division)));
+    const float4 infinity_or_0 = opaque(as_float4(invalid & k.exponent_field));
+    opaque(infinity_or_0 - opaque(infinity_or_0));
+
+    const int4 grows = (abs_x > one) ^ (y >> 31);
+    const int4 limit = (grows & k.exponent_field) | y_parity.odd;
+    const int4 zero_infinity_nan = select(invalid | quiet_nan, k.abs_mask.value, limit);
+    return {result_one | invalid | zero_x | settled, select(result_one, one, zero_infinity_nan),
+            y_parity.odd};
 }
 
 // Some lane of x is not a positive normal number, or some lane of y is infinite or NaN.
 [[gnu::noinline, gnu::cold]] static float4 powf4_special(int4 x, int4 y)
 {
     const auto& k = tables::powf4;
-    const int4 zero = (x == 0) & (y > 0) & (y < k.exponent_field); // lanes of +0 to a positive power
-    if (lane_mask(zero) == all_lanes4) return float4{};
-    x = select(zero, as_int4(k.one), x);
-    y = select(zero, as_int4(k.one), y);
+    const auto [known, result, sign] = _pow_spec(x, y, k);
+    if (lane_mask(known) == all_lanes4) return as_float4(result);
 
-    // Subnormal numbers times 2^126, exactly. The largest one goes as it is (2^-24 too large).
-    const int4 magnitude = x & k.abs_mask;
-    const int4 tiny = magnitude < k.mantissa_field;
-    const int4 normalised = as_int4(as_float4((magnitude & tiny) | as_int4(k.one)) - k.one);
-    const int4 special_x = (x <= 0) | (x > k.largest_finite);
-    const int4 special_y = (y & k.exponent_field) == k.exponent_field;
-    Wide w = scaled_logarithm(select(tiny, normalised, magnitude), select(tiny, k.bias_normalised, k.bias),
-                              as_float4(y & ~special_y), k);
-    if (lane_mask(special_x | special_y) != 0) {
-        const int4 result_one = (x == as_int4(k.one)) | ((y & k.abs_mask) == 0);
-        w = _pow_spec(lane_mask(special_x | special_y | result_one), lane_mask(special_x), as_uint4(x),
-                      as_uint4(y), w);
+    int4 magnitude = x & k.abs_mask;
+    int4 bias = k.bias;
+    const int4 tiny = (magnitude < k.mantissa_field) & ~known;
+    if (lane_mask(tiny) != 0) {
+        // Subnormal numbers times 2^126, exactly. The largest one goes as it is (2^-24 too large).
+        const int4 normalised = as_int4(as_float4((magnitude & tiny) | as_int4(k.one)) - k.one);
+        magnitude = select(tiny, normalised, magnitude);
+        bias = select(tiny, k.bias_normalised, bias);
     }
-    return as_float4(as_int4(raise_two(w, k)) & ~zero);
+    // Known lanes pass as |x|^0, which raises nothing.
+    const Wide w = scaled_logarithm(magnitude, bias, as_float4(y & ~known), k);
+    // Negative x is beyond the range from the high word of 708 on, positive x above it.
+    const int4 beyond = (high_words_of(w) & k.abs_mask) > (x >> 31) + k.largest_exponent;
+    if (lane_mask(beyond) != 0) {
+        const int4 power = as_int4(raise_two_but(beyond, w, k)) | sign;
+        return as_float4(select(known | beyond, result, power));
+    }
+    const int4 power = as_int4(narrow(power_of_two(w.low, k), power_of_two(w.high, k))) | sign;
+    return as_float4(select(known, result, power));
 }
 
 float4 powf4(float4 x, float4 y)

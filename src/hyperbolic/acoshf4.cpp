@@ -6,9 +6,9 @@
 
 namespace zelk::ZELK_TIER {
 
-ZELK_INLINE double2 __zelk_internal_acosh_ss(double2 x)
+ZELK_INLINE double2 argument_of_logarithm(double2 x)
 {
-    return table_logarithm(x + square_root(x * x - tables::log_d2.dbOne));
+    return x + square_root(x * x - tables::log_d2.dbOne);
 }
 
 // Below 1 a NaN, at 1 zero (the sum of the cubic is zero only in round to nearest), infinities and NaNs x.
@@ -20,8 +20,8 @@ ZELK_INLINE double2 __zelk_internal_acosh_ss(double2 x)
     const int4 computed = (as_int4(x) > as_int4(k.s_fOne)) & ~not_finite;
     const int4 known = (below_one & k.s_dwAbsMask) | (not_finite & as_int4(x));
     if (lane_mask(computed) == 0) return as_float4(known);
-    const float4 result = by_lane(select(computed, as_int4(x), as_int4(k.s_fTwo)),
-                                  [](double2 a) { return __zelk_internal_acosh_ss(a); });
+    const float4 result = logarithm_by_lane(select(computed, as_int4(x), as_int4(k.s_fTwo)),
+                                            [](double2 a) { return argument_of_logarithm(a); });
     return as_float4(select(computed, as_int4(result), known));
 }
 

@@ -6,9 +6,9 @@
 
 namespace zelk::ZELK_TIER {
 
-ZELK_INLINE double2 __zelk_internal_asinh_ss(double2 a)
+ZELK_INLINE double2 argument_of_logarithm(double2 a)
 {
-    return table_logarithm(a + square_root(a * a + tables::log_d2.dbOne));
+    return a + square_root(a * a + tables::log_d2.dbOne);
 }
 
 [[gnu::noinline]] static float4 asinh_by_lane(float4 x)
@@ -17,8 +17,8 @@ ZELK_INLINE double2 __zelk_internal_asinh_ss(double2 a)
     const int4 magnitude = as_int4(x) & k.s_dwAbsMask;
     const int4 computed = (magnitude > k.s_dwAsinhTiny) & (k.s_dwPosInf > magnitude); // else x itself
     if (lane_mask(computed) == 0) return x;
-    const float4 asinh_a = by_lane(select(computed, magnitude, as_int4(k.s_fOne)),
-                                   [](double2 a) { return __zelk_internal_asinh_ss(a); });
+    const float4 asinh_a = logarithm_by_lane(select(computed, magnitude, as_int4(k.s_fOne)),
+                                             [](double2 a) { return argument_of_logarithm(a); });
     return as_float4(select(computed, as_int4(asinh_a) | (as_int4(x) & k.s_dwSignMask), as_int4(x)));
 }
 

@@ -11,7 +11,7 @@ ZELK_INLINE double2 atanh_by_logarithm(double2 a, const tables::InverseHyperboli
     return k.dbHalf * logarithm((k.dbOne + a) / (k.dbOne - a), k);
 }
 
-[[gnu::noinline, gnu::cold]] static double __zelk_atanh_sd(double a)
+ZELK_INLINE double __zelk_atanh_sd(double a)
 {
     const auto bits = __builtin_bit_cast(std::int64_t, a);
     if (bits > 0x7FF0000000000000) return a + a;

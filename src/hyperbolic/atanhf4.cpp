@@ -7,10 +7,10 @@
 
 namespace zelk::ZELK_TIER {
 
-ZELK_INLINE double2 __zelk_internal_atanh_ss(double2 a)
+ZELK_INLINE double2 argument_of_logarithm(double2 a)
 {
     const double2 one = tables::log_d2.dbOne;
-    return table_logarithm((one - a) / (one + a));
+    return (one - a) / (one + a);
 }
 
 // Tiny lanes are x itself, 1 gives infinity, everything beyond a NaN.
@@ -22,8 +22,8 @@ ZELK_INLINE double2 __zelk_internal_atanh_ss(double2 a)
     const int4 computed = (magnitude > k.s_dwAtanhTiny) & (one > magnitude);
     const int4 known = as_int4(x) | ((magnitude == one) & k.s_dwPosInf) | ((magnitude > one) & k.s_dwAbsMask);
     if (lane_mask(computed) == 0) return as_float4(known);
-    const float4 logarithm = by_lane(select(computed, magnitude, as_int4(k.s_dwHalf)),
-                                     [](double2 a) { return __zelk_internal_atanh_ss(a); });
+    const float4 logarithm = logarithm_by_lane(select(computed, magnitude, as_int4(k.s_dwHalf)),
+                                               [](double2 a) { return argument_of_logarithm(a); });
     const int4 opposite_sign = ~as_int4(x) & k.s_dwSignMask;
     const float4 atanh_x = logarithm * as_float4(as_int4(k.s_dwHalf) | opposite_sign);
     return as_float4(select(computed, as_int4(atanh_x), known));

@@ -10,11 +10,11 @@ namespace zelk::ZELK_TIER {
 // ln(1+f) = f - s (f - R(s^2)), s = f/(2+f).
 ZELK_INLINE double2 logarithm(double2 y, const tables::InverseHyperbolic2& k)
 {
-    const long2 fraction = as_long2(y) & k.iMantissaMask;
-    const long2 carry = (fraction + k.iSqrt2Addition) & k.iSqrt2Mask;
-    const int4 exponent = (as_int4(as_long2(y) + carry) >> 20) - k.i1023;
+    // The exponent of y, one more from sqrt 2 on, is what y is divided by.
+    const long2 power = (as_long2(y) + k.iSqrt2Addition) & k.iExponentMask;
+    const int4 exponent = (as_int4(power) >> 20) - k.i1023;
     const double2 n = to_double2(gather_high_words(exponent));
-    const double2 f = as_double2(fraction | (k.iExponentOfOne ^ carry)) - k.dbOne;
+    const double2 f = as_double2((as_ulong2(y) + k.iExponentOfOne) - as_ulong2(power)) - k.dbOne;
 
     const double2 s = f / (k.dbTwo + f);
     const double2 z = s * s;
@@ -34,6 +34,7 @@ ZELK_INLINE long2 is_squarable(double2 x, const tables::InverseHyperbolic2& k)
 ZELK_INLINE double alternate_terms(const std::uint64_t* coefficients, int last, double z)
 {
     double sum = __builtin_bit_cast(double, coefficients[last]);
+#pragma GCC unroll 16
     for (int j = last - 2; j >= 0; j -= 2)
         sum = sum * z + __builtin_bit_cast(double, coefficients[j]);
     return sum;

@@ -11,10 +11,10 @@ namespace zelk::ZELK_TIER {
 // ln(1+f) = f - s (f - R(s^2)), s = f/(2+f).
 ZELK_INLINE float4 logarithm(float4 y, const tables::InverseHyperbolicf4& k)
 {
-    const int4 fraction = as_int4(y) & k.s_dwSgnfMask;
-    const int4 carry = (fraction + k.s_dwSqrt2Addition) & k.s_dwSqrt2Mask;
-    const float4 n = to_float4(((as_int4(y) + carry) >> 23) - k.s_dwBias);
-    const float4 f = as_float4(fraction | (as_int4(k.s_fOne) ^ carry)) - k.s_fOne;
+    // The exponent of y, one more from sqrt 2 on, is what y is divided by.
+    const int4 power = (as_int4(y) + k.s_dwSqrt2Addition) & k.s_dwExponentMask;
+    const float4 n = to_float4((power >> 23) - k.s_dwBias);
+    const float4 f = as_float4(as_int4(as_uint4(y) + k.s_uOne) - power) - k.s_fOne;
 
     // The quotient from the reciprocal estimate e of 2+f and one Newton step.
     const float4 d = f + k.s_fTwo;
@@ -33,34 +33,55 @@ ZELK_INLINE int4 is_squarable(float4 x, const tables::InverseHyperbolicf4& k)
     return k.s_dwHugeArg > as_int4(x);
 }
 
-// ln y of positive normal binary64 numbers, to about 40 bits: y = 2^n m, ln m a cubic in each 256th of [1,
-// 2).
-ZELK_INLINE double2 table_logarithm(double2 y)
+// Bits 12 to 19 of each lane: two lanes in a 64-bit move, or halves of lanes where there is none.
+struct Bytes4 {
+    std::uint32_t of_lane[4];
+};
+ZELK_INLINE Bytes4 bits_12_to_19(int4 x)
 {
-    const Decomposedd2 parts = decompose(y);
-    const auto row = [&](int lane) {
-        return reinterpret_cast<const double*>(&tables::__zelk_sp_inv_hyp_T[high_word(y, lane) >> 12 & 0xFF]);
-    };
-    const double* const row0 = row(0);
-    const double* const row1 = row(1);
-    const __m128d a31_0 = _mm_load_pd(row0);
-    const __m128d a31_1 = _mm_load_pd(row1);
-    const __m128d a20_0 = _mm_load_pd(row0 + 2);
-    const __m128d a20_1 = _mm_load_pd(row1 + 2);
-    const double2 a3 = _mm_unpacklo_pd(a31_0, a31_1);
-    const double2 a1 = _mm_unpackhi_pd(a31_0, a31_1);
-    const double2 a2 = _mm_unpacklo_pd(a20_0, a20_1);
-    const double2 a0 = _mm_unpackhi_pd(a20_0, a20_1);
-    const double2 m = parts.m;
-    return parts.e * tables::inverse_hyperbolicf4.s_dbLn2 + (a3 * m + a2) * (m * m) + (a1 * m + a0);
+    if constexpr (sizeof(void*) == 8) {
+        const std::uint64_t low = as_ulong2(as_long2(x))[0];
+        const std::uint64_t high = as_ulong2(as_long2(x))[1];
+        const auto byte = [](std::uint64_t bits) { return static_cast<std::uint32_t>(bits & 0xFF); };
+        return {byte(low >> 12), byte(low >> 44), byte(high >> 12), byte(high >> 44)};
+    } else {
+        const __m128i halves = (__m128i)(x << 4);
+        const auto byte = [](int half) { return static_cast<std::uint32_t>(half) & 0xFF; };
+        return {byte(_mm_extract_epi16(halves, 1)), byte(_mm_extract_epi16(halves, 3)),
+                byte(_mm_extract_epi16(halves, 5)), byte(_mm_extract_epi16(halves, 7))};
+    }
 }
 
-// The scalar routine of every lane, two lanes at a time. Lanes in which x has no business there hold a
-// harmless value instead.
-template <class Routine>
-ZELK_INLINE float4 by_lane(int4 x, Routine routine)
+// ln y of two positive normal binary64 numbers, to about 40 bits: y = 2^n m, ln m a cubic in each 256th of
+// [1, 2).
+ZELK_INLINE double2 table_logarithm(double2 y, double2 n, std::uint32_t interval0, std::uint32_t interval1)
 {
-    return narrow(routine(widen_low(as_float4(x))), routine(widen_high(as_float4(x))));
+    const auto& c = tables::log_d2;
+    const auto row = [&](std::uint32_t interval) {
+        return reinterpret_cast<const double*>(&tables::__zelk_sp_inv_hyp_T[interval]);
+    };
+    const double* const row0 = row(interval0);
+    const double* const row1 = row(interval1);
+    const double2 a3 = {row0[0], row1[0]};
+    const double2 a1 = {row0[1], row1[1]};
+    const double2 a2 = {row0[2], row1[2]};
+    const double2 a0 = {row0[3], row1[3]};
+    const double2 m = as_double2((as_long2(y) & c.iExpMask) | as_long2(c.dbOne));
+    return n * tables::inverse_hyperbolicf4.s_dbLn2 + (a3 * m + a2) * (m * m) + (a1 * m + a0);
+}
+
+// ln y of every lane, y found in binary64 by the routine, two lanes at a time. Lanes in which x has no
+// business there hold a harmless value instead.
+template <class Routine>
+ZELK_INLINE float4 logarithm_by_lane(int4 x, Routine routine)
+{
+    const double2 y_low = routine(widen_low(as_float4(x)));
+    const double2 y_high = routine(widen_high(as_float4(x)));
+    const int4 high = odd_words(as_int4(y_low), as_int4(y_high));
+    const int4 exponent = as_int4(as_uint4(high) >> 20) - tables::log_d2.iBias;
+    const auto [i0, i1, i2, i3] = bits_12_to_19(high).of_lane;
+    return narrow(table_logarithm(y_low, to_double2(exponent), i0, i1),
+                  table_logarithm(y_high, to_double2(high_lanes(exponent)), i2, i3));
 }
 
 } // namespace zelk::ZELK_TIER

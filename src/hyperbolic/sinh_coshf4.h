@@ -6,6 +6,12 @@
 
 namespace zelk::ZELK_TIER {
 
+// |x| < 704 in all lanes.
+ZELK_INLINE bool all_ordinary(float4 x, const tables::SinhCoshf4& k)
+{
+    return lane_mask(k.s_dwAbsMax > (as_int4(x) & k.s_dwAbsMask)) == all_lanes4;
+}
+
 // 704 <= |x| <= infinity.
 ZELK_INLINE int4 is_saturated(float4 x, const tables::SinhCoshf4& k)
 {
@@ -34,10 +40,10 @@ ZELK_INLINE HalfPowers half_powers(double2 x, const tables::SinhCoshf4& k)
     const double2 P = ((k.s_dbA6 * f2 + k.s_dbA4) * f2 + k.s_dbA2) * f2 + k.s_dbA0;
     const double2 Q = ((k.s_dbA5 * f2 + k.s_dbA3) * f2 + k.s_dbA1) * f;
 
-    // The low bits of the shifted value are n; the shift drops all others.
-    const double2 u = as_double2((k.s_dwBias + as_long2(shifted)) << 52);
-    const double2 v = as_double2((k.s_dwBias - as_long2(shifted)) << 52);
-    return {u, v, P, Q};
+    // The low bits of the shifted value are n; the shift drops all others. The sum of both patterns is that
+    // of twice the bias.
+    const ulong2 u = as_ulong2(k.s_dwBias + as_long2(shifted)) << 52;
+    return {as_double2(u), as_double2(k.s_dwTwoBiases - u), P, Q};
 }
 
 } // namespace zelk::ZELK_TIER

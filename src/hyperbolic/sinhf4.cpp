@@ -12,18 +12,33 @@ ZELK_INLINE double2 sinh_in_binary64(double2 x, const tables::SinhCoshf4& k)
     return (u - v) * P + (u + v) * Q;
 }
 
-float4 sinhf4(float4 x)
+ZELK_INLINE float4 sinh_of_four(float4 x, const tables::SinhCoshf4& k)
+{
+    return narrow(sinh_in_binary64(widen_low(x), k), sinh_in_binary64(widen_high(x), k));
+}
+
+ZELK_INLINE int4 is_tiny(float4 x, const tables::SinhCoshf4& k)
+{
+    return k.s_fMinBound > (as_int4(x) & k.s_dwAbsMask);
+}
+
+[[gnu::noinline, gnu::cold]] static float4 special_lanes(float4 x)
 {
     const auto& k = tables::sinh_coshf4;
     const int4 saturated = is_saturated(x, k);
     // Lanes that are infinite anyway pass through the arithmetic as zeros: they must not raise anything
     // there.
-    const float4 y = as_float4(as_int4(x) & ~saturated);
-    const float4 sinh_y = narrow(sinh_in_binary64(widen_low(y), k), sinh_in_binary64(widen_high(y), k));
-
-    const int4 tiny = k.s_fMinBound > (as_int4(x) & k.s_dwAbsMask);
+    const float4 sinh_y = sinh_of_four(as_float4(as_int4(x) & ~saturated), k);
     const int4 infinity = k.s_dwInfinity | (as_int4(x) & k.s_dwSignMask);
-    return select(tiny, x, select(saturated, as_float4(infinity), sinh_y));
+    return select(is_tiny(x, k), x, select(saturated, as_float4(infinity), sinh_y));
+}
+
+float4 sinhf4(float4 x)
+{
+    const auto& k = tables::sinh_coshf4;
+    if (!all_ordinary(x, k)) [[unlikely]]
+        return special_lanes(x);
+    return select(is_tiny(x, k), x, sinh_of_four(x, k));
 }
 
 } // namespace zelk::ZELK_TIER

@@ -19,18 +19,30 @@ ZELK_INLINE double2 arcsine_excess(double2 z, const tables::Acos2& k)
     return z * E + O;
 }
 
-double2 acos2(double2 x)
+template <bool inside>
+ZELK_INLINE double2 arccosine(double2 x, const tables::Acos2& k)
 {
-    const auto& k = constants;
-    const Reduced2 reduced = reduce(x, k);
+    const Reduced2 reduced = reduce<inside>(x, k);
     const double2 q = arcsine_excess(reduced.z, k);
     // Big lanes take 2 arcsin y, or pi - 2 arcsin y where x is negative; small ones pi/2 -+ arcsin y.
     const long2 pi_if_negative = as_long2(k.dbPi) & negative_lanes(as_long2(x));
-    const long2 multiplier =
-        as_long2(select(reduced.big, k.dbTwo, k.dbOne)) ^ reduced.sign ^ (k.iSignMask & ~reduced.big);
+    const long2 multiplier = (reduced.big & k.iOtherFactor) ^ as_long2(k.dbMinusOne) ^ reduced.sign;
     const long2 addend = select(reduced.big, pi_if_negative, as_long2(k.dbPio2hi));
     const double2 r = (q * reduced.y + reduced.y) * as_double2(multiplier) + as_double2(addend);
-    return select(reduced.one, as_double2(pi_if_negative), r);
+    if constexpr (inside) return r;
+    return select(is_one(x, k), as_double2(pi_if_negative), r);
+}
+
+[[gnu::noinline, gnu::cold]] static double2 special_lanes(double2 x)
+{
+    return arccosine<false>(x, constants);
+}
+
+double2 acos2(double2 x)
+{
+    if (!inside_one(x, constants)) [[unlikely]]
+        return special_lanes(x);
+    return arccosine<true>(x, constants);
 }
 
 } // namespace zelk::ZELK_TIER

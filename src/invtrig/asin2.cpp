@@ -20,16 +20,29 @@ ZELK_INLINE double2 arcsine_excess(double2 z, const tables::Asin2& k)
     return z * E + O;
 }
 
-double2 asin2(double2 x)
+template <bool inside>
+ZELK_INLINE double2 arcsine(double2 x, const tables::Asin2& k)
 {
-    const auto& k = constants;
-    const Reduced2 reduced = reduce(x, k);
+    const Reduced2 reduced = reduce<inside>(x, k);
     const double2 q = arcsine_excess(reduced.z, k);
     // 1, or -2 in big lanes.
-    const long2 multiplier = (as_long2(k.dbOne) + (k.iOneHalf & reduced.big)) | (k.iSignMask & reduced.big);
+    const long2 multiplier = (reduced.big & k.iOtherFactor) ^ as_long2(k.dbOne);
     const long2 addend = as_long2(k.dbPio2hi) & reduced.big;
-    const double2 r = (q * reduced.y + reduced.y) * as_double2(multiplier) + as_double2(addend);
-    return as_double2(as_long2(select(reduced.one, k.dbPio2hi, r)) | reduced.sign);
+    double2 r = (q * reduced.y + reduced.y) * as_double2(multiplier) + as_double2(addend);
+    if constexpr (!inside) r = select(is_one(x, k), k.dbPio2hi, r);
+    return as_double2(as_long2(r) | reduced.sign);
+}
+
+[[gnu::noinline, gnu::cold]] static double2 special_lanes(double2 x)
+{
+    return arcsine<false>(x, constants);
+}
+
+double2 asin2(double2 x)
+{
+    if (!inside_one(x, constants)) [[unlikely]]
+        return special_lanes(x);
+    return arcsine<true>(x, constants);
 }
 
 } // namespace zelk::ZELK_TIER

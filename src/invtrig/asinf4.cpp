@@ -17,9 +17,10 @@ float4 asinf4(float4 x)
         if (big_lanes == all_lanes4)
             return as_float4(as_int4(k.s_fPi2 - twice_arcsine_of_complement(x, k)) | sign);
     }
-    const float4 one_if_big = as_float4(as_int4(k.s_fOne) & big);
     const float4 poly = arcsine_of_reduced(x, big, k);
-    const float4 result = k.s_fPi2 * one_if_big + poly * (k.s_fOne - k.s_fThree * one_if_big);
+    // 1, or -2 in big lanes.
+    const int4 multiplier = (big & k.s_dwOtherFactor) ^ as_int4(k.s_fOne);
+    const float4 result = as_float4(as_int4(k.s_fPi2) & big) + poly * as_float4(multiplier);
     return as_float4(as_int4(result) | sign);
 }
 

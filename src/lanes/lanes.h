@@ -321,10 +321,9 @@ ZELK_INLINE float4 lane_by_lane(float4 x, std::uint32_t (*routine)(std::uint32_t
 }
 ZELK_INLINE double2 lane_by_lane(double2 x, std::uint64_t (*routine)(std::uint64_t))
 {
-    ulong2 lanes = as_ulong2(x);
-    for (int lane = 0; lane < 2; ++lane)
-        lanes[lane] = routine(lanes[lane]);
-    return as_double2(lanes);
+    const ulong2 lanes = as_ulong2(x);
+    const std::uint64_t low = routine(lanes[0]);
+    return as_double2(ulong2{low, routine(lanes[1])});
 }
 
 // Tier A of f4 functions on i386 has SSE alone: of the operations on integer lanes only the bitwise ones.
@@ -374,6 +373,33 @@ ZELK_INLINE Vector replace_lanes(Vector result, Vector x, unsigned mask, Scalar 
     for (int lane = 0; mask != 0; ++lane, mask >>= 1)
         if (mask & 1) result[lane] = routine(x[lane]);
     return result;
+}
+
+// 32-bit lanes 0, 1 (2, 3), each twice: a mask of four lanes for two vectors of 64-bit lanes.
+ZELK_INLINE long2 duplicate_low(int4 x)
+{
+    return (long2)_mm_unpacklo_epi32((__m128i)x, (__m128i)x);
+}
+ZELK_INLINE long2 duplicate_high(int4 x)
+{
+    return (long2)_mm_unpackhi_epi32((__m128i)x, (__m128i)x);
+}
+// All ones in every lane if one has its bits set.
+ZELK_INLINE int4 any_lane(int4 mask)
+{
+    const int4 pairs = mask | (int4)_mm_shuffle_epi32((__m128i)mask, 0x4E);
+    return pairs | (int4)_mm_shuffle_epi32((__m128i)pairs, 0xB1);
+}
+
+// Comparisons of binary64 lanes, none of which is a NaN. What the operators give the compiler takes apart
+// into scalars wherever it recognises a choice between 64-bit lanes.
+ZELK_INLINE long2 equal_lanes(double2 a, double2 b)
+{
+    return (long2)_mm_cmpeq_pd(a, b);
+}
+ZELK_INLINE long2 less_lanes(double2 a, double2 b)
+{
+    return (long2)_mm_cmplt_pd(a, b);
 }
 
 } // namespace zelk::ZELK_TIER

@@ -31,6 +31,7 @@ struct Exponential {
     double2 scale; // with the sign of x
 };
 
+template <int lanes>
 ZELK_INLINE Exponential exp_of_minus_square(double2 x, double2 a, const ErfcTable& k)
 {
     // -x^2 = leading + tail - xl (|x| + xh). xh has 26 significant bits: its square is exact, and so are both
@@ -50,8 +51,10 @@ ZELK_INLINE Exponential exp_of_minus_square(double2 x, double2 a, const ErfcTabl
     const int4 word = as_int4(t); // n in its low words
     const auto& power0 = k.powers[word[0] & 127];
     const auto& power1 = k.powers[word[2] & 127];
-    const double2 power = as_double2(ulong2{power0.hi, power1.hi});
-    const double2 power_lo = as_double2(ulong2{power0.lo, power1.lo});
+    const double2 power =
+        gather<lanes>(__builtin_bit_cast(double, power0.hi), __builtin_bit_cast(double, power1.hi));
+    const double2 power_lo =
+        gather<lanes>(__builtin_bit_cast(double, power0.lo), __builtin_bit_cast(double, power1.lo));
 
     // 2^floor(n/128) may be subnormal: it is put together 154 binades higher.
     const double2 biased = as_double2(((as_long2(t) << 45) + k.bias) & k.exponent_mask);
@@ -59,16 +62,15 @@ ZELK_INLINE Exponential exp_of_minus_square(double2 x, double2 a, const ErfcTabl
     return {split_sum(power, power * r * p + power_lo, k), scale};
 }
 
-ZELK_INLINE double2 erfc_in_range(double2 x, const ErfcTable& k)
+template <int lanes>
+ZELK_INLINE double2 erfc_in_range(double2 x, const ErfcTable::Row& row0, const ErfcTable::Row& row1,
+                                  const ErfcTable& k)
 {
     const double2 a = as_double2(as_long2(x) & k.abs_mask);
-    const int4 row = positive_part(as_int4(a) - k.index_base) >> 18; // in the high words
-    const auto& row0 = k.rows[row[1]];
-    const auto& row1 = k.rows[row[3]];
     // Exact: the centre is 0, or within a factor of two of |x|.
-    const double2 u = a - double2{row0.centre, row1.centre};
-    const auto Q = split_sum(double2{row0.c0, row1.c0}, u * polynomial(u, row0.c, row1.c), k);
-    const auto [E, scale] = exp_of_minus_square(x, a, k);
+    const double2 u = a - gather<lanes>(row0.centre, row1.centre);
+    const auto Q = split_sum(gather<lanes>(row0.c0, row1.c0), u * polynomial<lanes>(u, row0.c, row1.c), k);
+    const auto [E, scale] = exp_of_minus_square<lanes>(x, a, k);
 
     // The sign bit one place lower is the pattern of 2.
     const double2 two_if_negative = as_double2(as_ulong2(as_long2(x) & k.sign_mask) >> 1);
@@ -83,14 +85,18 @@ static double beyond_range(bool negative)
     return negative ? smallest_normal + 2.0 : smallest_normal * smallest_normal;
 }
 
-// x as a bit pattern.
-static std::uint64_t __erfc_scalar(std::uint64_t x)
+// x as a bit pattern. Inlined for each lane: the two overlap, and no call spills what they share.
+ZELK_INLINE std::uint64_t __erfc_scalar(std::uint64_t x)
 {
     const std::uint64_t infinity = 0x7FF0000000000000;
     const std::uint64_t magnitude = x & 0x7FFFFFFFFFFFFFFF;
     const bool negative = x != magnitude;
-    if (magnitude >> 32 <= 0x403B39DC)
-        return as_ulong2(erfc_in_range(splat(__builtin_bit_cast(double, x)), tables::erfcTable))[0];
+    if (magnitude >> 32 <= 0x403B39DC) {
+        const auto& k = tables::erfcTable;
+        const std::int32_t row = (static_cast<std::int32_t>(magnitude >> 32) - k.index_base[0]) >> 18;
+        const auto& row0 = k.rows[row < 0 ? 0 : row];
+        return as_ulong2(erfc_in_range<1>(double2{__builtin_bit_cast(double, x), 0}, row0, row0, k))[0];
+    }
     if (magnitude > infinity) return quieted(x);
     if (magnitude == infinity) return negative ? 0x4000000000000000 : 0;
     return __builtin_bit_cast(std::uint64_t, beyond_range(negative));
@@ -105,10 +111,11 @@ double2 erfc2(double2 x)
 {
     const auto& k = tables::erfcTable;
     if constexpr (tier == Tier::A) return erfc_by_lane(x);
-    const int4 high = high_words(as_int4(as_long2(x) & k.abs_mask));
-    if (lane_mask(as_double2(high > k.last_high)) != 0) [[unlikely]]
+    const int4 magnitude = as_int4(as_long2(x) & k.abs_mask);
+    if (lane_mask(as_double2(magnitude > k.last_high)) != 0) [[unlikely]]
         return erfc_by_lane(x);
-    return erfc_in_range(x, k);
+    const int4 row = positive_part(magnitude - k.index_base) >> 18; // in the high words
+    return erfc_in_range<2>(x, k.rows[row[1]], k.rows[row[3]], k);
 }
 
 } // namespace zelk::ZELK_TIER

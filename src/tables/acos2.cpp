@@ -17,9 +17,11 @@ constexpr Acos2 acos2_of_tier(const OfTier& tier)
     return {
         .iSignMask = mask64(0x8000000000000000),
         .iAbsMask = mask64(0x7FFFFFFFFFFFFFFF),
+        .iBelowHalf = mask32(0x3FDFFFFF),
+        .iOtherFactor = mask64(0xFFF0000000000000),
         .dbOneHalf = splat64(0x3FE0000000000000),
         .dbOne = splat64(0x3FF0000000000000),
-        .dbTwo = splat64(0x4000000000000000),
+        .dbMinusOne = splat64(0xBFF0000000000000),
         .dbPio2hi = splat64(tier.Pio2hi),
         .dbPi = splat64(tier.Pi),
         .dbA00 = splat64(0x3FC5555555556E3C),

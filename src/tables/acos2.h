@@ -7,11 +7,13 @@
 namespace zelk::tables {
 
 struct Acos2 {
-    Constant<long2> iSignMask; // the sign bit
-    Constant<long2> iAbsMask;  // clears the sign
+    Constant<long2> iSignMask;    // the sign bit
+    Constant<long2> iAbsMask;     // clears the sign
+    Constant<int4> iBelowHalf;    // the last high word of numbers below 1/2
+    Constant<long2> iOtherFactor; // what turns the pattern of -1 into that of 2
     Constant<double2> dbOneHalf;
     Constant<double2> dbOne;
-    Constant<double2> dbTwo;
+    Constant<double2> dbMinusOne;
     Constant<double2> dbPio2hi; // pi/2
     Constant<double2> dbPi;
     Constant<double2>

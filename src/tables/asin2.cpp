@@ -7,7 +7,8 @@ static constexpr Asin2 asin2_of_tier(std::uint64_t A03, std::uint64_t A06)
     return {
         .iSignMask = mask64(0x8000000000000000),
         .iAbsMask = mask64(0x7FFFFFFFFFFFFFFF),
-        .iOneHalf = mask64(0x0010000000000000),
+        .iBelowHalf = mask32(0x3FDFFFFF),
+        .iOtherFactor = mask64(0xFFF0000000000000),
         .dbOne = splat64(0x3FF0000000000000),
         .dbOneHalf = splat64(0x3FE0000000000000),
         .dbPio2hi = splat64(0x3FF921FB54442D18),

@@ -6,9 +6,10 @@
 namespace zelk::tables {
 
 struct Asin2 {
-    Constant<long2> iSignMask; // the sign bit
-    Constant<long2> iAbsMask;  // clears the sign
-    Constant<long2> iOneHalf;  // added to the pattern of 1.0 it gives 2.0
+    Constant<long2> iSignMask;    // the sign bit
+    Constant<long2> iAbsMask;     // clears the sign
+    Constant<int4> iBelowHalf;    // the last high word of numbers below 1/2
+    Constant<long2> iOtherFactor; // what turns the pattern of 1 into that of -2
     Constant<double2> dbOne;
     Constant<double2> dbOneHalf;
     Constant<double2> dbPio2hi; // pi/2

@@ -10,8 +10,8 @@ struct Asinf4 {
     Constant<int4> s_dwSignMask; // the sign bit
     Constant<float4> s_fHalf;
     Constant<float4> s_fOne;
-    Constant<float4> s_fThree;
-    Constant<float4> s_fPi2; // pi/2
+    Constant<int4> s_dwOtherFactor; // what turns the pattern of 1 into that of -2
+    Constant<float4> s_fPi2;        // pi/2
     Constant<float4> s_fPi;
     Constant<float4>
         s_fA0; // arcsin y = y (A0 + A1 y^2 + ... + A5 y^10), relative error below 2^-26.8 on |y| <= 1/2

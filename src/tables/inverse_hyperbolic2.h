@@ -6,19 +6,19 @@
 namespace zelk::tables {
 
 struct InverseHyperbolic2 {
-    Constant<long2> iAbsMask;       // clears the sign
-    Constant<long2> iSignBit;       // the sign bit
-    Constant<int4> iInfinityBits;   // high words: asinh, acosh: the vector path ends below it
-    Constant<int4> iAcoshTreshold;  // 1.5: it begins above these
-    Constant<int4> iAsinhTreshold;  // 1
-    Constant<int4> iAtanhTreshold;  // 1/4
-    Constant<int4> iOneBits;        // atanh: the vector path ends below it
-    Constant<long2> iHugeArg;       // 1e154: from here on y = |x|, and ln 2 is added
-    Constant<int4> i1023;           // exponent bias
-    Constant<long2> iMantissaMask;  // the fraction field
-    Constant<long2> iExponentOfOne; // exponent field of [1, 2)
-    Constant<long2> iSqrt2Addition; // carries from the fraction of 1.4142131805 on, just below sqrt 2
-    Constant<long2> iSqrt2Mask;     // the carry
+    Constant<long2> iAbsMask;        // clears the sign
+    Constant<long2> iSignBit;        // the sign bit
+    Constant<int4> iInfinityBits;    // high words: asinh, acosh: the vector path ends below it
+    Constant<int4> iSquarableBits;   // those of 1e154: so does the path without huge lanes
+    Constant<int4> iAcoshTreshold;   // 1.5: it begins above these
+    Constant<int4> iAsinhTreshold;   // 1
+    Constant<int4> iAtanhTreshold;   // 1/4
+    Constant<int4> iOneBits;         // atanh: the vector path ends below it
+    Constant<long2> iHugeArg;        // 1e154: from here on y = |x|, and ln 2 is added
+    Constant<int4> i1023;            // exponent bias
+    Constant<long2> iExponentMask;   // the exponent field
+    Constant<ulong2> iExponentOfOne; // exponent field of [1, 2)
+    Constant<long2> iSqrt2Addition;  // carries from the fraction of 1.4142131805 on, just below sqrt 2
     Constant<double2> dbOne;
     Constant<double2> dbTwo;
     Constant<double2> dbHalf;

@@ -15,9 +15,9 @@ struct InverseHyperbolicf4 {
     Constant<int4> s_dwInfBoundary;    // atanh: the last number below 1, where the vector path has ended
     Constant<int4> s_dwHugeArg;        // 1e19: from here on y = |x|, and ln 2 is added
     Constant<int4> s_dwBias;           // exponent bias
-    Constant<int4> s_dwSgnfMask;       // the fraction field
+    Constant<int4> s_dwExponentMask;   // the exponent field
     Constant<int4> s_dwSqrt2Addition;  // carries from the fraction of 1.4142131805 on, just below sqrt 2
-    Constant<int4> s_dwSqrt2Mask;      // the carry
+    Constant<uint4> s_uOne;            // the pattern of 1
     Constant<float4> s_fOne;
     Constant<float4> s_fTwo;
     Constant<float4> s_dwHalf;

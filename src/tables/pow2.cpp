@@ -4,6 +4,9 @@ namespace zelk::tables {
 
 const Pow2 pow2 = {
     .fraction_mask = mask64(0x000FFFFFFFFFFFFF),
+    .magnitude_mask = mask64(0x7FFFFFFFFFFFFFFF),
+    .infinity = mask64(0x7FF0000000000000),
+    .default_nan = mask64(0xFFF8000000000000),
     .index_mask = mask32(0x000FFE00),
     .rounding_bit = mask32(0x00000200),
     .exponent_pivot = mask32(0x3FE7FE00),
@@ -33,6 +36,7 @@ const Pow2 pow2 = {
     .E4 = splat64(0x3F83B2AB6FBA4E77),
     .E5 = splat64(0x3F55D87FE78A6731),
     .two_52 = splat64(0x4330000000000000),
+    .two_53 = splat64(0x4340000000000000),
     .fifty_two = splat64(0x404A000000000000),
     .reciprocal =
         {

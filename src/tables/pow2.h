@@ -13,6 +13,9 @@ struct alignas(16) Pow2Pair {
 
 struct Pow2 {
     long2 fraction_mask;    // the fraction
+    long2 magnitude_mask;   // clears the sign of a number
+    long2 infinity;         // pattern of infinity
+    long2 default_nan;      // what an invalid operation gives
     int4 index_mask;        // the top 11 bits of the fraction, in the high word
     int4 rounding_bit;      // the last of them
     int4 exponent_pivot;    // high word of 0.75 - 2^-12: a number's distance from it gives the exponent e
@@ -42,6 +45,7 @@ struct Pow2 {
     double2 E4;
     double2 E5;
     double2 two_52;                 // 2^52
+    double2 two_53;                 // 2^53
     double2 fifty_two;              // 52
     std::uint64_t reciprocal[1025]; // c_i, about 1/(ln2 (1 + i/1024)), 23 significant bits
     Pow2Pair log[1025];             // log2(c_0/c_i), less 1 for i >= 512

@@ -7,6 +7,7 @@ const Powf4 powf4 = {
     .mantissa_field = mask32(0x007FFFFF),
     .largest_finite = mask32(0x7F7FFFFF),
     .abs_mask = mask32(0x7FFFFFFF),
+    .two_24 = mask32(0x4B800000),
     .bias = mask32(127),
     .bias_normalised = mask32(253),
     .sqrt2_addend = mask32(0x004AFB10),

@@ -9,7 +9,8 @@ struct Powf4 {
     Constant<int4> exponent_field;  // also +infinity
     Constant<int4> mantissa_field;  // also the largest subnormal number
     Constant<int4> largest_finite;  // pattern of the largest finite number
-    Constant<int4> abs_mask;        // clears the sign
+    Constant<int4> abs_mask;        // clears the sign; also the NaN that results are
+    Constant<int4> two_24;          // pattern of 2^24
     Constant<int4> bias;            // 127
     Constant<int4> bias_normalised; // 253: of a subnormal number times 2^126
     Constant<int4> sqrt2_addend;    // carries out of the mantissa field from 1.4142131805 on

@@ -11,6 +11,7 @@ const SinhCoshf4 sinh_coshf4 = {
     .s_dbLog2e = splat64(0x3FF71547652B82FE),
     .s_dbRS = splat64(0x4338000000000000),
     .s_dwBias = mask64(0x00000000000003FE),
+    .s_dwTwoBiases = {0x7FC0000000000000, 0x7FC0000000000000},
     .s_dbA0 = splat64(0x3FF00000002614FF),
     .s_dbA1 = splat64(0x3FE62E430C7E922C),
     .s_dbA2 = splat64(0x3FCEBFBDADCB0CA8),

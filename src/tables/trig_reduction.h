@@ -16,6 +16,19 @@ struct TrigReduction {
     Constant<int4> dbiOne;
     Constant<int4> MSK_LOW_BIT; // clears bit 0
 
+    // Vectors of binary32 numbers from 2^30 on.
+    Constant<int4> first_exponent;    // field of 2^21: 2^30 has the bits that matter after 9 others
+    Constant<int4> one_25th;          // 2^16/25
+    Constant<int4> leading_bits;      // 8
+    Constant<int4> below_2_30;        // pattern of the last number below 2^30
+    Constant<int4> from_2_30;         // pattern of 2^30
+    Constant<int4> largest_finite;    // pattern of the largest finite number
+    Constant<long2> one;              // 1
+    Constant<long2> two_200_exponent; // subtracted from a pattern: times 2^-200
+    Constant<long2> clear_20_bits;    // clears the low 20 bits
+    Constant<double2> two_52;         // 2^52
+    Constant<double2> double_one;     // 1
+
     // The scalar routine.
     double _PI02_INV;     // 2/pi
     double _PI04_INV;     // 4/pi

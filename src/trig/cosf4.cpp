@@ -1,6 +1,6 @@
 // cos x on four binary32 lanes.
 // Method: cos x = (-1)^n sin(|x| - (n - 1/2) pi). |x| <= 10000: n = round((|x| + pi/2)/pi) and a degree-9 odd
-// polynomial. Up to 2^30 the reduction is done in binary64. Beyond, and for infinities and NaNs, lane by lane
+// polynomial. Up to 2^30 the reduction is done in binary64. Beyond, and for infinities and NaNs,
 // from a table of sine and cosine.
 #include "dispatch/kernels.h"
 #include "trig/sin_cosf4.h"
@@ -25,27 +25,21 @@ ZELK_INLINE Reducedf4 reduce_medium(float4 y, const SinCosf4& k)
     return reduce_in_binary64(low, high, quadrant, sign, k);
 }
 
-[[gnu::noinline]] static float __static_scalar_cosf(float x)
-{
-    if ((__builtin_bit_cast(std::uint32_t, x) & 0x7F800000) == 0x7F800000) return x - x;
-    const auto& table = tables::__spec_table_cosf;
-    const GridPoint point = reduce_to_grid(x, table.reduction);
-    const std::uint32_t quadrant = (point.n >> 6) & 3;
-    return evaluate_on_grid(grid_entry(point.n, table), point.f, quadrant >= 2,
-                            quadrant == 1 || quadrant == 2);
-}
-
 // Lanes of `beyond` have |x| > 10000, or are infinite or NaN.
 [[gnu::noinline, gnu::cold]] static float4 spec_scos4(float4 x, int4 beyond)
 {
     const auto& k = tables::sin_cosf4;
-    // Lanes that the binary32 path cannot take pass through it as zeros: they must not raise anything there.
     const float4 y = magnitude(x, k);
-    const Reducedf4 ordinary = reduce_in_binary32(as_float4(as_int4(y) & ~beyond), k);
-    const int4 huge = as_int4(y) > k.flTwoPow30;
-    if (lane_mask(huge) == 0) return sine_polynomial(select(beyond, reduce_medium(y, k), ordinary), k);
-
-    return replace_lanes(sine_polynomial(ordinary, k), x, lane_mask(beyond), __static_scalar_cosf);
+    const unsigned huge = lane_mask(as_int4(y) > k.flTwoPow30);
+    float4 result = {};
+    if (huge == 0 || lane_mask(beyond) != all_lanes4) {
+        // Lanes that the binary32 path cannot take pass through it as zeros: they must not raise anything
+        // there.
+        const Reducedf4 ordinary = reduce_in_binary32(as_float4(as_int4(y) & ~beyond), k);
+        if (huge == 0) return sine_polynomial(select(beyond, reduce_medium(y, k), ordinary), k);
+        result = sine_polynomial(ordinary, k);
+    }
+    return lanes_on_grid(result, x, beyond, Signs::cosine, tables::__spec_table_cosf);
 }
 
 float4 cosf4(float4 x)

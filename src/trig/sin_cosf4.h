@@ -3,8 +3,8 @@
 
 #include "lanes/lanes.h"
 #include "tables/sin_cosf4.h"
+#include "trig/grid_pairs.h"
 #include "trig/subtract_multiple.h"
-#include "trig/times_128_over_pi.h"
 
 namespace zelk::ZELK_TIER {
 
@@ -62,23 +62,40 @@ ZELK_INLINE Reducedf4 select(int4 mask, const Reducedf4& a, const Reducedf4& b)
     return {select(mask, a.r, b.r), select(mask, a.z, b.z), select(mask, a.sign, b.sign)};
 }
 
-// Entry of the first quadrant's grid that angle n pi/128 mirrors to.
-static inline const tables::SpecTablef::Grid& grid_entry(std::uint32_t n, const tables::SpecTablef& table)
-{
-    const std::uint32_t m = n & 63;
-    return table.grid[n & 64 ? 64 - m : m];
-}
+// a_j f (C1 - f^2) + b_j (C2 - f^2) of two numbers, j the grid point, with the signs of a quadrant's sine or
+// cosine.
+enum class Signs { sine, cosine };
 
-// a_j f (C1 - f^2) + b_j (C2 - f^2), rounded to binary32 once.
-static inline float evaluate_on_grid(const tables::SpecTablef::Grid& grid, double f, bool negate_a,
-                                     bool negate_b)
+ZELK_INLINE double2 evaluate_on_grid(const Half& half, Signs signs, const tables::SpecTablef& table)
 {
     const auto& k = tables::spec_constantsf;
-    const double u = k.C1 - f * f;
-    const double v = k.C2 - f * f;
-    const double vb = v * __builtin_bit_cast(double, grid.b);
-    const double af = __builtin_bit_cast(double, grid.a) * f;
-    return static_cast<float>((negate_b ? -vb : vb) + af * (negate_a ? -u : u));
+    const GridPoint2 point = reduce_to_grid(half.X, half.chunk, table.reduction);
+    const auto [entry, bit_6, bit_7] = mirror(point.n);
+    const auto [a, b] = load_rows(table.grid, entry);
+    const long2 differ = bit_6 ^ bit_7;
+    const long2 sign_a = signs == Signs::sine ? differ : bit_7;
+    const long2 sign_b = signs == Signs::sine ? bit_7 : differ;
+    const double2 f2 = point.f * point.f;
+    const double2 u = as_double2(as_long2(splat(k.C1) - f2) ^ sign_a);
+    const double2 vb = as_double2(as_long2((splat(k.C2) - f2) * as_double2(b)) ^ sign_b);
+    return vb + (as_double2(a) * point.f) * u;
+}
+
+// Lanes of `lanes` from the grid; infinities and NaNs among them become NaNs. The others are those of the
+// result.
+ZELK_INLINE float4 lanes_on_grid(float4 result, float4 x, int4 lanes, Signs signs,
+                                 const tables::SpecTablef& table)
+{
+    const int4 no_number = no_numbers(x);
+    result = select(no_number, quiet_nans(x, no_number), result);
+    const int4 numbers = lanes & ~no_number;
+    if (lane_mask(numbers) == 0) return result;
+
+    const float4 number = as_float4(as_int4(x) & numbers);
+    const int4 chunk = chunk_rows(number);
+    const float4 on_grid = narrow(evaluate_on_grid(low_half(number, chunk), signs, table),
+                                  evaluate_on_grid(high_half(number, chunk), signs, table));
+    return select(numbers, on_grid, result);
 }
 
 } // namespace zelk::ZELK_TIER

@@ -2,14 +2,14 @@
 // (ropsSinCos4). Method: r = x - k pi/2, k = round(2/pi x); sin x and cos x are, by k mod 4, the polynomials
 // of degree 7 and 8 for sin r and cos r. |x| <= 10000: pi/2 in four parts, binary32. Beyond, with the sign of
 // x put back:
-//   tier A       every lane through the scalar reduction;
+//   tier A       every lane as the scalar reduction takes it (trig/reduce_huge.h);
 //   ropsSinCos4  a vector in which every lane is beyond and none above 2^30, in binary64; else the lanes
-//                beyond through the scalar reduction;
-//   sincosf4     without a lane above 2^30, the lanes beyond in binary64; else lane by lane from a table.
+//                beyond as the scalar reduction takes them;
+//   sincosf4     without a lane above 2^30, the lanes beyond in binary64; else from a table.
 #include "tables/sincosf4.h"
 #include "dispatch/kernels.h"
-#include "trig/times_128_over_pi.h"
-#include "trig/trig_reduction.h"
+#include "trig/grid_pairs.h"
+#include "trig/reduce_huge.h"
 
 namespace zelk::ZELK_TIER {
 
@@ -97,47 +97,55 @@ ZELK_INLINE SineCosinef4 every_lane_through_reduction(float4 x, const Sincosf4& 
 
 ZELK_INLINE SineCosinef4 lanes_through_reduction(float4 x, int4 beyond, const Sincosf4& k)
 {
-    const unsigned lanes = lane_mask(beyond);
-    if (lanes == all_lanes4 && huge_lanes(x, k) == 0)
+    if (lane_mask(beyond) == all_lanes4 && huge_lanes(x, k) == 0)
         return evaluate_reduced(x, reduce_medium(magnitude_of(x, k)), k);
     const PairReducedf4 ordinary = reduce_ordinary(x, beyond, k);
     const QuadrantReducedf4 reduced =
-        reduce_lanes(magnitude_of(x, k), lanes, {ordinary.r, ordinary.quadrant});
+        reduce_lanes(magnitude_of(x, k), beyond, {ordinary.r, ordinary.quadrant});
     return evaluate(merge(x, beyond, reduced, ordinary.z, k), k);
 }
 
-// sin(theta + phi) and cos(theta + phi), theta = n pi/128 and phi = f pi/128. The cosine is stored at c.
-[[gnu::noinline, maybe_unused]] static float __static_scalar_sincosf(float* c, float x)
+// sin(theta + phi) and cos(theta + phi), theta = n pi/128 and phi = f pi/128.
+struct SineCosine2 {
+    double2 sine;
+    double2 cosine;
+};
+ZELK_INLINE SineCosine2 evaluate_on_grid(const Half& half)
 {
-    if ((__builtin_bit_cast(std::uint32_t, x) & 0x7F800000) == 0x7F800000) return *c = x - x;
     const auto& k = tables::__spec_table_sincosf;
-    const GridPoint point = reduce_to_grid(x, tables::inverse_pi_chunks_512);
-    const bool mirrored = point.n & 64;
-    const bool negative = point.n & 128;
-    const auto& grid = k.grid[mirrored ? -point.n & 127 : point.n & 63];
-    const std::uint64_t sign = std::uint64_t{1} << 63;
-    const double s = __builtin_bit_cast(double, grid.s ^ (negative ? sign : 0));
-    const double cj = __builtin_bit_cast(double, grid.c ^ (negative != mirrored ? sign : 0));
+    const GridPoint2 point = reduce_to_grid(half.X, half.chunk, tables::inverse_pi_chunks_512);
+    const auto [entry, bit_6, bit_7] = mirror(point.n);
+    const auto [c, s_bits] = load_rows(k.grid, entry);
+    const double2 s = as_double2(s_bits ^ bit_7);
+    const double2 cj = as_double2(c ^ bit_7 ^ bit_6);
 
-    const double f2 = point.f * point.f;
-    const double u = point.f * k.pi_128;
-    const double Pa = 1.0 + f2 * k.sine_2;
-    const double Pb = 1.0 + f2 * k.cosine_2;
-    *c = static_cast<float>(cj * Pb - s * u * Pa);
-    return static_cast<float>(s * Pb + cj * u * Pa);
+    const double2 f2 = point.f * point.f;
+    const double2 u = point.f * k.pi_128;
+    const double2 Pa = 1.0 + f2 * k.sine_2;
+    const double2 Pb = 1.0 + f2 * k.cosine_2;
+    return {s * Pb + cj * u * Pa, cj * Pb - s * u * Pa};
+}
+
+ZELK_INLINE SineCosinef4 select(int4 mask, const SineCosinef4& a, const SineCosinef4& b)
+{
+    return {select(mask, a.sine, b.sine), select(mask, a.cosine, b.cosine)};
 }
 
 ZELK_INLINE SineCosinef4 lanes_through_table(float4 x, int4 beyond, const Sincosf4& k)
 {
-    SineCosinef4 result = evaluate(reduce_ordinary(x, beyond, k), k);
-    unsigned lanes = lane_mask(beyond);
-    for (int lane = 0; lanes != 0; ++lane, lanes >>= 1) {
-        if (!(lanes & 1)) continue;
-        float cosine;
-        result.sine[lane] = __static_scalar_sincosf(&cosine, x[lane]);
-        result.cosine[lane] = cosine;
-    }
-    return result;
+    SineCosinef4 result = {};
+    if (lane_mask(beyond) != all_lanes4) result = evaluate(reduce_ordinary(x, beyond, k), k);
+    const int4 no_number = no_numbers(x);
+    const float4 nan = quiet_nans(x, no_number);
+    result = select(no_number, {nan, nan}, result);
+    const int4 numbers = beyond & ~no_number;
+    if (lane_mask(numbers) == 0) return result;
+
+    const float4 number = as_float4(as_int4(x) & numbers);
+    const int4 chunk = chunk_rows(number);
+    const SineCosine2 low = evaluate_on_grid(low_half(number, chunk));
+    const SineCosine2 high = evaluate_on_grid(high_half(number, chunk));
+    return select(numbers, {narrow(low.sine, high.sine), narrow(low.cosine, high.cosine)}, result);
 }
 
 ZELK_INLINE SineCosinef4 lanes_in_binary64(float4 x, int4 beyond, const Sincosf4& k)

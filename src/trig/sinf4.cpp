@@ -1,7 +1,6 @@
 // sin x on four binary32 lanes.
 // Method: |x| <= 10000: r = x - n pi, n = round(x/pi), a degree-9 odd polynomial in r. Up to 2^30 the
-// reduction is done in binary64. Beyond, and for infinities and NaNs, lane by lane from a table of sine and
-// cosine.
+// reduction is done in binary64. Beyond, and for infinities and NaNs, from a table of sine and cosine.
 #include "dispatch/kernels.h"
 #include "trig/sin_cosf4.h"
 
@@ -26,26 +25,20 @@ ZELK_INLINE Reducedf4 reduce_medium(float4 x, const SinCosf4& k)
     return reduce_in_binary64(low, high, quadrant, sign, k);
 }
 
-[[gnu::noinline]] static float __static_scalar_sinf(float x)
-{
-    if ((__builtin_bit_cast(std::uint32_t, x) & 0x7F800000) == 0x7F800000) return x - x;
-    const auto& table = tables::__spec_table_sinf;
-    const GridPoint point = reduce_to_grid(x, table.reduction);
-    const std::uint32_t quadrant = (point.n >> 6) & 3;
-    return evaluate_on_grid(grid_entry(point.n, table), point.f, quadrant == 1 || quadrant == 2,
-                            quadrant >= 2);
-}
-
 // Lanes of `beyond` have |x| > 10000, or are infinite or NaN.
 [[gnu::noinline, gnu::cold]] static float4 spec_ssin4(float4 x, int4 beyond)
 {
     const auto& k = tables::sin_cosf4;
-    // Lanes that the binary32 path cannot take pass through it as zeros: they must not raise anything there.
-    const Reducedf4 ordinary = reduce_in_binary32(as_float4(as_int4(x) & ~beyond), k);
-    const int4 huge = as_int4(magnitude(x, k)) > k.flTwoPow30;
-    if (lane_mask(huge) == 0) return sine_polynomial(select(beyond, reduce_medium(x, k), ordinary), k);
-
-    return replace_lanes(sine_polynomial(ordinary, k), x, lane_mask(beyond), __static_scalar_sinf);
+    const unsigned huge = lane_mask(as_int4(magnitude(x, k)) > k.flTwoPow30);
+    float4 result = {};
+    if (huge == 0 || lane_mask(beyond) != all_lanes4) {
+        // Lanes that the binary32 path cannot take pass through it as zeros: they must not raise anything
+        // there.
+        const Reducedf4 ordinary = reduce_in_binary32(as_float4(as_int4(x) & ~beyond), k);
+        if (huge == 0) return sine_polynomial(select(beyond, reduce_medium(x, k), ordinary), k);
+        result = sine_polynomial(ordinary, k);
+    }
+    return lanes_on_grid(result, x, beyond, Signs::sine, tables::__spec_table_sinf);
 }
 
 float4 sinf4(float4 x)

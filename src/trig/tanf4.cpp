@@ -5,8 +5,8 @@
 // series.
 #include "tables/tanf4.h"
 #include "dispatch/kernels.h"
+#include "trig/reduce_huge.h"
 #include "trig/times_128_over_pi.h"
-#include "trig/trig_reduction.h"
 
 namespace zelk::ZELK_TIER {
 

@@ -1,4 +1,4 @@
-// How every scalar trigonometric routine on binary32 starts.
+// How the scalar tangent of binary32 starts.
 #pragma once
 
 #include "lanes/lanes.h"
@@ -26,22 +26,6 @@ struct GridProduct {
     const double p3 = __builtin_bit_cast(double, chunk.low) * X;
     const double s = p1 + p2;
     return {s, ((p1 - s) + p2) + p3};
-}
-
-// x 128/pi = n + f, less a multiple of what the chunks are made for, |f| <= 0.62.
-struct GridPoint {
-    std::uint32_t n;
-    double f;
-};
-
-[[maybe_unused]] static inline GridPoint reduce_to_grid(float x, const tables::InversePiChunks& chunks)
-{
-    const GridProduct product = times_128_over_pi(x, chunks);
-    const double shifter = 0x1.8p52;
-    const double w = product.s + shifter;
-    const double sn = w - shifter;
-    return {static_cast<std::uint32_t>(__builtin_bit_cast(std::uint64_t, w)),
-            product.rest + (product.s - sn)};
 }
 
 } // namespace zelk::ZELK_TIER

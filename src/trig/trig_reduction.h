@@ -2,7 +2,8 @@
 // |x| = quadrant pi/2 + r with |r| <= pi/4 and a little. Only the two low bits of a quadrant mean anything.
 //
 // Arguments below 2^30 are reduced in vectors (reduce_medium); any finite argument by a scalar routine, lane
-// by lane (reduce_lanes). Both take magnitudes: the caller puts the sign of x back.
+// by lane (reduce_lanes), or as it does two binary32 numbers at a time (reduce_huge.h). All take magnitudes:
+// the caller puts the sign of x back.
 #pragma once
 
 #include "lanes/lanes.h"
@@ -49,16 +50,6 @@ struct QuadrantReduced2 {
 };
 
 // Replaces the lanes of `lanes`, a lane mask, by the scalar reduction of their magnitudes, lane 0 first.
-ZELK_INLINE QuadrantReducedf4 reduce_lanes(float4 magnitude, unsigned lanes, QuadrantReducedf4 others)
-{
-    for (int lane = 0; lanes != 0; ++lane, lanes >>= 1) {
-        if (!(lanes & 1)) continue;
-        double r;
-        others.quadrant[lane] = reduce_to_quadrant(&r, static_cast<double>(magnitude[lane]));
-        others.r[lane] = static_cast<float>(r);
-    }
-    return others;
-}
 ZELK_INLINE QuadrantReduced2 reduce_lanes(double2 magnitude, unsigned lanes, QuadrantReduced2 others)
 {
     for (int lane = 0; lanes != 0; ++lane, lanes >>= 1) {
@@ -70,10 +61,6 @@ ZELK_INLINE QuadrantReduced2 reduce_lanes(double2 magnitude, unsigned lanes, Qua
     return others;
 }
 
-ZELK_INLINE QuadrantReducedf4 reduce_every_lane(float4 magnitude)
-{
-    return reduce_lanes(magnitude, all_lanes4, {float4{}, int4{}});
-}
 ZELK_INLINE QuadrantReduced2 reduce_every_lane(double2 magnitude)
 {
     return reduce_lanes(magnitude, all_lanes2, {double2{}, long2{}});

@@ -12,8 +12,8 @@ namespace zelk::accuracy {
 
 // One lane's arguments, or the parts of a complex number.
 struct Argument {
-    double x;
-    double y;
+    long double x;
+    long double y;
     bool operator==(const Argument&) const = default;
 };
 

@@ -1,6 +1,7 @@
 #include "functions.h"
 
-#include <mpc.h>
+#include "exact.h"
+#include "exact_values.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,16 +11,6 @@ namespace zelk::accuracy {
 
 namespace {
 
-template <int (*function)(mpfr_ptr, mpfr_srcptr, mpfr_rnd_t)>
-void unary(mpfr_ptr first, mpfr_ptr, mpfr_srcptr x, mpfr_srcptr)
-{
-    function(first, x, MPFR_RNDN);
-}
-template <int (*function)(mpfr_ptr, mpfr_srcptr, mpfr_srcptr, mpfr_rnd_t)>
-void binary(mpfr_ptr first, mpfr_ptr, mpfr_srcptr x, mpfr_srcptr y)
-{
-    function(first, x, y, MPFR_RNDN);
-}
 // By IEEE 754 the pole keeps the zero's sign.
 void reciprocal_square_root(mpfr_ptr first, mpfr_ptr, mpfr_srcptr x, mpfr_srcptr)
 {
@@ -32,18 +23,9 @@ void reciprocal_cube_root(mpfr_ptr first, mpfr_ptr, mpfr_srcptr x, mpfr_srcptr)
     mpfr_cbrt(first, x, MPFR_RNDN);
     mpfr_ui_div(first, 1, first, MPFR_RNDN);
 }
-void sine_and_cosine(mpfr_ptr first, mpfr_ptr second, mpfr_srcptr x, mpfr_srcptr)
-{
-    mpfr_sin_cos(first, second, x, MPFR_RNDN);
-}
 void sum_with_itself(mpfr_ptr first, mpfr_ptr, mpfr_srcptr x, mpfr_srcptr)
 {
     mpfr_mul_2ui(first, x, 1, MPFR_RNDN);
-}
-void first_argument(mpfr_ptr first, mpfr_ptr second, mpfr_srcptr x, mpfr_srcptr y)
-{
-    mpfr_set(first, x, MPFR_RNDN);
-    mpfr_set(second, y, MPFR_RNDN);
 }
 // The quotient has fewer than 66 bits in front of the next integer: no rounding reaches it.
 void quotient(mpfr_ptr first, mpfr_ptr, mpfr_srcptr x, mpfr_srcptr y)
@@ -60,23 +42,6 @@ void quotient_and_remainder(mpfr_ptr first, mpfr_ptr second, mpfr_srcptr x, mpfr
 void remainder(mpfr_ptr first, mpfr_ptr, mpfr_srcptr x, mpfr_srcptr y)
 {
     mpfr_fmod(first, x, y, MPFR_RNDN);
-}
-
-struct Complex {
-    Complex() { mpc_init2(value, precision_of(binary32)); }
-    ~Complex() { mpc_clear(value); }
-    Complex(const Complex&) = delete;
-    Complex& operator=(const Complex&) = delete;
-    mpc_t value;
-};
-template <int (*function)(mpc_ptr, mpc_srcptr, mpc_rnd_t)>
-void complex(mpfr_ptr first, mpfr_ptr second, mpfr_srcptr x, mpfr_srcptr y)
-{
-    thread_local Complex z;
-    mpc_set_fr_fr(z.value, x, y, MPC_RNDNN);
-    function(z.value, z.value, MPC_RNDNN);
-    mpfr_set(first, mpc_realref(z.value), MPFR_RNDN);
-    mpfr_set(second, mpc_imagref(z.value), MPFR_RNDN);
 }
 
 const Edge single_fast{10000, "10000"};
@@ -167,7 +132,7 @@ std::vector<Function> make_functions()
         {"cexpf2", "complex", complex<mpc_exp>, {}},
         {"clogf2", "complex", complex<mpc_log>, {}},
         {"csqrtf2", "complex", complex<mpc_sqrt>, {}},
-        {"cacosf2", "complex", complex<mpc_acos>, {}},
+        {"cacosf2", "complex", complex_arc_cosine, {}},
     };
     for (const char* const name :
          {"cacoshf2", "casinf2", "casinhf2", "catanf2", "catanhf2", "ccosf2", "ccoshf2", "clog10f2",
@@ -198,15 +163,69 @@ std::vector<Function> make_functions()
         list.push_back({name, "integer division", remainder, {}, Pairs::division});
     for (const char* const name : {"idivrem4", "udivrem4", "ropiDivRem4", "ropuDivRem4"})
         list.push_back({name, "integer division", quotient_and_remainder, {}, Pairs::division});
+    static constexpr const char* sine_cosine[] = {"sine: ", "cosine: "};
+    static constexpr const char* division[] = {"quotient: ", "remainder: "};
+    static constexpr const char* real_imaginary[] = {"real part: ", "imaginary part: "};
     for (Function& function : list) {
         const std::string_view family = function.family;
         function.is_circular =
             family == "sine and cosine" || family == "tangent" || family == "sine-cosine pairs";
+        if (family == "sine-cosine pairs") std::ranges::copy(sine_cosine, function.parts);
+        if (family == "integer division") std::ranges::copy(division, function.parts);
+        if (family == "complex") std::ranges::copy(real_imaginary, function.parts);
     }
+    std::ranges::move(scalar_functions(), std::back_inserter(list));
     return list;
 }
 
+Entry as_entry(const ScalarEntry& scalar)
+{
+    Entry entry{};
+    entry.name = scalar.name;
+    entry.symbol = scalar.name;
+    entry.signature = scalar.signature;
+    entry.results = scalar.signature[0] == 'v' || scalar.signature[0] == 'i' ? Results::two : Results::one;
+    for (const char kind : scalar.signature.substr(2)) {
+        if (kind == 'L' || kind == 'D') continue; // where results are stored
+        ++entry.args;
+        entry.lanes = kind == 'f'   ? Lanes::f
+                      : kind == 'd' ? Lanes::d
+                      : kind == 'l' ? Lanes::l
+                      : kind == 'c' ? Lanes::c
+                                    : Lanes::z;
+    }
+    std::string tiers = scalar.tiers;
+    std::ranges::sort(tiers);
+    for (const char tier : tiers) {
+        const std::string symbol = scalar.name + '.' + tier;
+        entry.kernels.push_back({symbol, tier, exported(symbol)});
+    }
+    if (tiers.empty()) entry.kernels.push_back({scalar.name, '-', exported(scalar.name)});
+    return entry;
+}
+
 } // namespace
+
+void complex_arc_cosine(mpfr_ptr first, mpfr_ptr second, mpfr_srcptr x, mpfr_srcptr y)
+{
+    const mpfr_prec_t precision = mpfr_get_prec(first) + 24;
+    Complex below(precision); // sqrt(1 - z)
+    Complex above(precision); // sqrt(1 + z)
+    mpfr_ui_sub(mpc_realref(below.value), 1, x, MPFR_RNDN);
+    mpfr_neg(mpc_imagref(below.value), y, MPFR_RNDN);
+    mpfr_add_ui(mpc_realref(above.value), x, 1, MPFR_RNDN);
+    mpfr_set(mpc_imagref(above.value), y, MPFR_RNDN);
+    mpc_sqrt(below.value, below.value, MPC_RNDNN);
+    mpc_sqrt(above.value, above.value, MPC_RNDNN);
+
+    // The parts of both roots have such signs that nothing cancels.
+    Exact part(precision);
+    mpfr_atan2(part.value, mpc_realref(below.value), mpc_realref(above.value), MPFR_RNDN);
+    mpfr_mul_2ui(first, part.value, 1, MPFR_RNDN);
+    mpfr_fmms(part.value, mpc_realref(above.value), mpc_imagref(below.value), mpc_imagref(above.value),
+              mpc_realref(below.value), MPFR_RNDN);
+    mpfr_asinh(second, part.value, MPFR_RNDN);
+}
 
 const std::vector<Function>& functions()
 {
@@ -221,10 +240,33 @@ const Function* find_function(std::string_view entry)
     return nullptr;
 }
 
+const std::vector<Entry>& surveyed()
+{
+    static const std::vector<Entry> list = [] {
+        std::vector<Entry> all(entries().begin(), entries().end());
+        for (const ScalarEntry& scalar : scalar_entries())
+            all.push_back(as_entry(scalar));
+        return all;
+    }();
+    return list;
+}
+
+const Entry* find_surveyed(std::string_view name)
+{
+    const auto found = std::ranges::find(surveyed(), name, &Entry::name);
+    return found == surveyed().end() ? nullptr : &*found;
+}
+
 Format format_of(Lanes lanes)
 {
-    if (lanes == Lanes::i4 || lanes == Lanes::u4) return integer32;
-    return lanes == Lanes::d2 ? binary64 : binary32;
+    if (is_integer(lanes)) return integer32;
+    if (lanes == Lanes::l) return extended80;
+    return lanes == Lanes::d2 || lanes == Lanes::d || lanes == Lanes::z ? binary64 : binary32;
+}
+
+Format result_format(const Entry& entry)
+{
+    return entry.signature.starts_with('i') ? binary64 : format_of(entry.lanes);
 }
 
 std::vector<std::string> paths(const Function& function)
@@ -257,11 +299,13 @@ std::vector<std::string> paths(const Function& function)
     return names;
 }
 
-std::size_t path_of(const Function& function, const Format& format, double x, double y,
+std::size_t path_of(const Function& function, const Format& format, long double x, long double y,
                     const Reference& result)
 {
-    const double smallest_normal = std::ldexp(1.0, format.min_exponent - 1);
-    const auto is_subnormal = [&](double value) { return value != 0 && std::fabs(value) < smallest_normal; };
+    const long double smallest_normal = std::ldexp(1.0L, format.min_exponent - 1);
+    const auto is_subnormal = [&](long double value) {
+        return value != 0 && std::fabs(value) < smallest_normal;
+    };
     const std::size_t count = function.pairs == Pairs::none       ? function.edges.size() + 1
                               : function.pairs == Pairs::division ? 1
                                                                   : 2;

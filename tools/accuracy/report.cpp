@@ -10,7 +10,8 @@ namespace zelk::accuracy {
 
 namespace {
 
-std::string number(const char* format, double value)
+template <class T>
+std::string number(const char* format, T value)
 {
     char text[64];
     std::snprintf(text, sizeof text, format, value);
@@ -26,11 +27,12 @@ std::string ulp_text(double ulp)
 
 std::string argument_text(const Entry& entry, const Argument& argument)
 {
-    const bool is_integer = entry.lanes == Lanes::i4 || entry.lanes == Lanes::u4;
-    const char* const format = is_integer ? "%.0f" : "%a";
-    std::string text = number(format, argument.x);
-    if (entry.args == 2 || entry.lanes == Lanes::c2) text += ' ' + number(format, argument.y);
-    return text;
+    const auto part = [&](long double x) {
+        if (entry.lanes == Lanes::l) return number("%La", x);
+        return number(is_integer(entry.lanes) ? "%.0f" : "%a", static_cast<double>(x));
+    };
+    return entry.args == 2 || is_complex(entry.lanes) ? part(argument.x) + ' ' + part(argument.y)
+                                                      : part(argument.x);
 }
 
 std::vector<std::string> split(const std::string& line, char separator)
@@ -90,6 +92,7 @@ Rows rows_of(const Entry& entry, const Kernel& kernel, const Survey& survey)
         const Tally& tally = survey.tallies[i];
         if (tally.arguments == 0) continue;
         const bool has_modes = !function.follows_rounding;
+        const bool has_neighbours = !is_scalar(entry.lanes);
         const auto mode = [&](std::size_t m) { return has_modes ? ulp_text(tally.max_ulp[m]) : "-"; };
         const double share = static_cast<double>(tally.rounded_correctly) /
                              static_cast<double>(std::max<std::uint64_t>(tally.sampled, 1));
@@ -99,7 +102,8 @@ Rows rows_of(const Entry& entry, const Kernel& kernel, const Survey& survey)
              number("%.6f", std::floor(share * 1e6) / 1e6), survey.paths[i], mode(1), mode(2), mode(3),
              std::to_string(tally.wrong), tally.wrong == 0 ? "-" : argument_text(entry, tally.first_wrong),
              has_modes ? std::to_string(tally.directed_wrong) : "-",
-             std::to_string(tally.changed_beside_others), ulp_text(tally.max_ulp_beside_others),
+             has_neighbours ? std::to_string(tally.changed_beside_others) : "-",
+             has_neighbours ? ulp_text(tally.max_ulp_beside_others) : "-",
              survey.is_exhaustive ? "exhaustive" : "sample"});
     }
     return rows;
@@ -126,8 +130,8 @@ void Store::write(const Entry& entry, const Kernel& kernel, const std::string& q
         std::ofstream out(file(entry, kernel, ".curve"));
         for (const auto& [part, ulp] : survey.curve) {
             const int exponent = static_cast<int>(std::floor(static_cast<double>(part) / curve_parts));
-            const double fraction = 0.5 + (part - exponent * curve_parts + 0.5) / (2 * curve_parts);
-            out << number("%.6e", std::ldexp(fraction, exponent)) << ' ' << number("%.4f", ulp) << '\n';
+            const long double fraction = 0.5L + (part - exponent * curve_parts + 0.5) / (2 * curve_parts);
+            out << number("%.6Le", std::ldexp(fraction, exponent)) << ' ' << number("%.4f", ulp) << '\n';
         }
     }
     // The table appears under its name when it is complete.
@@ -187,8 +191,9 @@ void write_markdown(std::ostream& out, const Rows& rows)
                        row[column_worst],
                        number("%.2f %%", std::floor(std::stod(row[column_share]) * 1e4) / 100),
                        row[column_down], row[column_up], row[column_zero],
-                       row[column_changed] == "0" ? "same bits"
-                                                  : "may differ, " + row[column_max_beside] + " ulp"});
+                       row[column_changed] == "-"   ? "-"
+                       : row[column_changed] == "0" ? "same bits"
+                                                    : "may differ, " + row[column_max_beside] + " ulp"});
         }
         out << "\nBy path, round to nearest:\n\n| entry | tier | path | max ulp | at "
                "|\n|---|---|---|---|---|\n";

@@ -1,11 +1,13 @@
 #include "survey.h"
 
 #include "exact.h"
+#include "scalar_routine.h"
 
 #include <algorithm>
 #include <atomic>
 #include <cmath>
 #include <mutex>
+#include <stdexcept>
 #include <thread>
 
 namespace zelk::accuracy {
@@ -14,71 +16,119 @@ namespace {
 
 constexpr std::size_t block_size = 2048;
 
-// How arguments stand in vectors and results are read from them.
+// How arguments stand in vectors and results are read from them. A scalar routine has vectors of one lane,
+// whose numbers of 80 bits take a vector each; parts of complex numbers stand side by side.
 class Layout {
 public:
     explicit Layout(const Entry& entry) : entry_(entry) {}
-    std::size_t arguments_per_vector() const { return entry_.lanes == Lanes::d2 || is_complex() ? 2 : 4; }
-    unsigned results_per_argument() const { return is_complex() || entry_.results != Results::one ? 2 : 1; }
+    std::size_t arguments_per_vector() const
+    {
+        return entry_.lanes == Lanes::c2 ? 2 : lane_count(entry_.lanes);
+    }
+    unsigned results_per_argument() const
+    {
+        return is_complex(entry_.lanes) || entry_.results != Results::one ? 2 : 1;
+    }
 
     void set(Vec128& a, Vec128& b, std::size_t place, const Argument& argument) const
     {
-        if (is_complex()) {
-            a.f[2 * place] = static_cast<float>(argument.x);
-            a.f[2 * place + 1] = static_cast<float>(argument.y);
+        if (is_complex(entry_.lanes)) {
+            set_lane(a, 2 * place, argument.x);
+            set_lane(a, 2 * place + 1, argument.y);
             b = a;
             return;
         }
         set_lane(a, place, argument.x);
         set_lane(b, place, argument.y);
     }
-    double get(const Result& result, std::size_t place, unsigned which) const
+    Result call(const Kernel& kernel, const Vec128& a, const Vec128& b, Vec128& stored,
+                Rounding rounding) const
     {
-        if (is_complex()) return static_cast<double>(result.first.f[2 * place + which]);
-        const Vec128& v = which == 0 ? result.first : result.second;
-        switch (entry_.lanes) {
-        case Lanes::d2:
-            return v.d[place];
-        case Lanes::i4:
-            return v.i[place];
-        case Lanes::u4:
-            return v.u[place];
+        if (!is_scalar(entry_.lanes)) return zelk::call(kernel.address, a, b, {}, &stored, rounding);
+        const ScalarResult scalar =
+            call_routine(kernel.address, entry_.signature, number_in(a), number_in(b), {rounding});
+        if (!scalar.breaches.empty()) throw std::runtime_error(kernel.symbol + ": " + scalar.breaches);
+        Result result{};
+        switch (entry_.signature[0]) {
+        case 'l':
+            result.first = as_vector(scalar.extended);
+            break;
+        case 'v':
+            result.first = as_vector(scalar.stored[0]);
+            result.second = as_vector(scalar.stored[1]);
+            break;
+        case 'i': // the leading number, and the integer
+            result.first.d[0] = scalar.stored_doubles[0];
+            result.second.d[0] = scalar.integer;
+            break;
+        case 'c':
+            result.first.q[0] = scalar.complex.im << 32 | scalar.complex.re;
+            break;
+        case 'z':
+            result.first = quads(scalar.complex.re, scalar.complex.im);
+            break;
         default:
-            return static_cast<double>(v.f[place]);
+            result.first.q[0] = scalar.narrow;
         }
+        return result;
+    }
+    long double get(const Result& result, std::size_t place, unsigned which) const
+    {
+        if (is_complex(entry_.lanes)) return lane_of(result.first, 2 * place + which);
+        return lane_of(which == 0 ? result.first : result.second, place);
     }
 
 private:
-    bool is_complex() const { return entry_.lanes == Lanes::c2; }
-    void set_lane(Vec128& v, std::size_t lane, double value) const
+    zelk::Argument number_in(const Vec128& v) const
     {
-        switch (entry_.lanes) {
-        case Lanes::d2:
-            v.d[lane] = value;
-            break;
-        case Lanes::i4:
-            v.i[lane] = static_cast<std::int32_t>(value);
-            break;
-        case Lanes::u4:
-            v.u[lane] = static_cast<std::uint32_t>(value);
-            break;
-        default:
+        if (entry_.lanes == Lanes::l) return Bits80{v.q[0], static_cast<std::uint16_t>(v.q[1])};
+        if (entry_.lanes == Lanes::z) return ComplexBits{v.q[0], v.q[1]};
+        if (entry_.lanes == Lanes::c) return ComplexBits{v.u[0], v.u[1]};
+        return zelk::Argument::of_bits(v.q[0]);
+    }
+    static Vec128 as_vector(const Bits80& bits) { return quads(bits.significand, bits.sign_exponent); }
+
+    void set_lane(Vec128& v, std::size_t lane, long double value) const
+    {
+        if (is_integer(entry_.lanes))
+            v.u[lane] = static_cast<std::uint32_t>(static_cast<std::int64_t>(value));
+        else if (entry_.lanes == Lanes::l)
+            v = as_vector(bits80(value));
+        else if (format_of(entry_.lanes).digits == 53)
+            v.d[lane] = static_cast<double>(value);
+        else
             v.f[lane] = static_cast<float>(value);
-        }
+    }
+    long double lane_of(const Vec128& v, std::size_t lane) const
+    {
+        if (entry_.lanes == Lanes::i4) return v.i[lane];
+        if (entry_.lanes == Lanes::u4) return v.u[lane];
+        const int digits = result_format(entry_).digits;
+        if (digits == 64) return number({v.q[0], static_cast<std::uint16_t>(v.q[1])});
+        return digits == 53 ? static_cast<long double>(v.d[lane]) : static_cast<long double>(v.f[lane]);
     }
     const Entry& entry_;
 };
 
-bool same_number(double a, double b)
+bool same_number(long double a, long double b)
 {
     return (a == b && std::signbit(a) == std::signbit(b)) || (a != a && b != b);
+}
+
+// An overflow of MPFR is no infinite value, but one beyond all formats.
+void replace_infinity(mpfr_ptr value)
+{
+    if (!mpfr_inf_p(value)) return;
+    const int sign = mpfr_sgn(value);
+    mpfr_set_si_2exp(value, sign, 100000, MPFR_RNDN);
 }
 
 // One thread's work: blocks of arguments, their exact results once for all kernels.
 class Worker {
 public:
     Worker(const Entry& entry, const Function& function, const std::vector<Kernel>& kernels)
-        : layout_(entry), function_(function), format_(format_of(entry.lanes)), kernels_(kernels),
+        : layout_(entry), function_(function), format_(format_of(entry.lanes)),
+          result_format_(result_format(entry)), has_neighbours_(!is_scalar(entry.lanes)), kernels_(kernels),
           path_names_(accuracy::paths(function)), tallies_(kernels.size()), curves_(kernels.size())
     {
         for (auto& tallies : tallies_)
@@ -93,7 +143,7 @@ public:
                 if (rounding != Rounding::nearest && function_.follows_rounding) continue;
                 measure_kernel(i, arguments, count, rounding);
             }
-            measure_beside_others(i, arguments, count);
+            if (has_neighbours_) measure_beside_others(i, arguments, count);
         }
     }
 
@@ -112,20 +162,25 @@ public:
 private:
     void compute_references(const Argument* arguments, std::size_t count)
     {
-        const mpfr_prec_t precision = precision_of(format_);
-        thread_local Exact x(53);
-        thread_local Exact y(53);
+        const mpfr_prec_t precision = precision_of(result_format_);
+        Exact x(format_.digits == 64 ? 64 : 53);
+        Exact y(format_.digits == 64 ? 64 : 53);
         Exact first(precision);
         Exact second(precision);
         const unsigned results = layout_.results_per_argument();
         references_.resize(count * results);
         paths_.resize(count);
         for (std::size_t i = 0; i < count; ++i) {
-            mpfr_set_d(x.value, arguments[i].x, MPFR_RNDN);
-            mpfr_set_d(y.value, arguments[i].y, MPFR_RNDN);
+            mpfr_set_ld(x.value, arguments[i].x, MPFR_RNDN);
+            mpfr_set_ld(y.value, arguments[i].y, MPFR_RNDN);
+            mpfr_clear_overflow();
             function_.evaluate(first.value, second.value, x.value, y.value);
-            references_[i * results] = Reference(first.value, format_);
-            if (results == 2) references_[i * results + 1] = Reference(second.value, format_);
+            if (mpfr_overflow_p()) {
+                replace_infinity(first.value);
+                replace_infinity(second.value);
+            }
+            references_[i * results] = Reference(first.value, result_format_);
+            if (results == 2) references_[i * results + 1] = Reference(second.value, result_format_);
             paths_[i] = path_of(function_, format_, arguments[i].x, arguments[i].y, references_[i * results]);
         }
     }
@@ -137,7 +192,7 @@ private:
 
     Result call_vector(std::size_t kernel, const Vec128& a, const Vec128& b, Rounding rounding)
     {
-        return call(kernels_[kernel].address, a, b, {}, &stored_, rounding);
+        return layout_.call(kernels_[kernel], a, b, stored_, rounding);
     }
 
     void measure_kernel(std::size_t kernel, const Argument* arguments, std::size_t count, Rounding rounding)
@@ -155,8 +210,8 @@ private:
             for (std::size_t place = 0; place < std::min(width, count - i); ++place)
                 for (unsigned which = 0; which < layout_.results_per_argument(); ++which) {
                     const std::size_t index = (i + place) * layout_.results_per_argument() + which;
-                    const double got = layout_.get(result, place, which);
-                    const Judgement judgement = references_[index].judge(got, format_, to_nearest);
+                    const long double got = layout_.get(result, place, which);
+                    const Judgement judgement = references_[index].judge(got, result_format_, to_nearest);
                     Tally& tally = tally_of(kernel, i + place, which);
                     if (!to_nearest) {
                         tally.directed_wrong += judgement.is_wrong;
@@ -170,7 +225,7 @@ private:
     }
 
     void note(std::size_t kernel, Tally& tally, const Argument& argument, const Reference& reference,
-              double got, const Judgement& judgement)
+              long double got, const Judgement& judgement)
     {
         ++tally.arguments;
         tally.rounded_correctly += reference.is_rounded_correctly(got) && !judgement.is_wrong;
@@ -178,7 +233,7 @@ private:
         tally.note_error(judgement.ulp, argument);
         if (argument.x == 0 || !reference.is_number()) return;
         int exponent = 0;
-        const double fraction = std::frexp(std::fabs(argument.x), &exponent);
+        const long double fraction = std::frexp(std::fabs(argument.x), &exponent);
         const int part = exponent * curve_parts + static_cast<int>((fraction - 0.5) * 2 * curve_parts);
         double& top = curves_[kernel][part];
         top = std::max(top, judgement.ulp);
@@ -198,11 +253,11 @@ private:
             const Result result = call_vector(kernel, a, b, Rounding::nearest);
             for (unsigned which = 0; which < layout_.results_per_argument(); ++which) {
                 const std::size_t index = i * layout_.results_per_argument() + which;
-                const double got = layout_.get(result, place, which);
+                const long double got = layout_.get(result, place, which);
                 Tally& tally = tally_of(kernel, i, which);
                 if (same_number(got, results_[index])) continue;
                 ++tally.changed_beside_others;
-                const Judgement judgement = references_[index].judge(got, format_, true);
+                const Judgement judgement = references_[index].judge(got, result_format_, true);
                 tally.max_ulp_beside_others = std::max(tally.max_ulp_beside_others, judgement.ulp);
             }
         }
@@ -220,30 +275,26 @@ private:
     Layout layout_;
     const Function& function_;
     Format format_;
+    Format result_format_;
+    bool has_neighbours_;
     const std::vector<Kernel>& kernels_;
     std::vector<std::string> path_names_;
     std::vector<std::vector<Tally>> tallies_;
     std::vector<Curve> curves_;
     std::vector<Reference> references_;
     std::vector<std::size_t> paths_;
-    std::vector<double> results_; // of the kernel at hand, in round to nearest
+    std::vector<long double> results_; // of the kernel at hand, in round to nearest
     Random random_{1};
     alignas(16) Vec128 stored_; // what the pointer forms store
 };
 
 std::vector<std::string> names_of_paths(const Entry& entry, const Function& function)
 {
-    std::vector<std::string> parts = {""};
-    if (entry.lanes == Lanes::c2)
-        parts = {"real part: ", "imaginary part: "};
-    else if (entry.results != Results::one)
-        parts = entry.lanes == Lanes::i4 || entry.lanes == Lanes::u4
-                    ? std::vector<std::string>{"quotient: ", "remainder: "}
-                    : std::vector<std::string>{"sine: ", "cosine: "};
     std::vector<std::string> names = {"all"};
-    for (const std::string& part : parts)
+    const unsigned results = Layout(entry).results_per_argument();
+    for (unsigned which = 0; which < results; ++which)
         for (const std::string& path : paths(function))
-            names.push_back(part + path);
+            names.push_back((results == 1 ? "" : function.parts[which]) + path);
     return names;
 }
 
@@ -320,9 +371,11 @@ std::uint64_t hash_of_results(const Entry& entry, const Kernel& kernel,
             Vec128 b;
             for (std::size_t place = 0; place < layout.arguments_per_vector(); ++place)
                 layout.set(a, b, place, arguments[i]);
-            const Result result = call(kernel.address, a, b, {}, &stored, rounding);
-            for (const std::uint64_t bits :
-                 {result.first.q[0], entry.results == Results::one ? 0 : result.second.q[0]})
+            const Result result = layout.call(kernel, a, b, stored, rounding);
+            const std::uint64_t second = entry.results != Results::one ? result.second.q[0]
+                                         : is_scalar(entry.lanes)      ? result.first.q[1]
+                                                                       : 0;
+            for (const std::uint64_t bits : {result.first.q[0], second})
                 hash = (hash ^ bits) * 0x9E3779B97F4A7C15 ^ hash >> 29;
         }
     return hash;

@@ -80,6 +80,17 @@ std::vector<std::string> fields_of(const std::string& line)
     return fields;
 }
 
+// Whether the text declares a function or an array of this name.
+bool declares(const std::string& text, const std::string& name)
+{
+    for (std::size_t at = text.find(name); at != std::string::npos; at = text.find(name, at + 1)) {
+        const char before = at == 0 ? ' ' : text[at - 1];
+        const char after = at + name.size() < text.size() ? text[at + name.size()] : ' ';
+        if ((before == ' ' || before == '*') && (after == '(' || after == '[')) return true;
+    }
+    return false;
+}
+
 } // namespace
 
 std::string Function::masked() const
@@ -109,11 +120,19 @@ const std::vector<Function>& functions()
     return named;
 }
 
+std::vector<const Function*> declared_in(const Passage& passage)
+{
+    std::vector<const Function*> found;
+    for (const Function& function : functions())
+        if (declares(passage.declarations, function.symbol)) found.push_back(&function);
+    return found;
+}
+
 std::string tiers(const Function& function, const std::string& target)
 {
     const bool x86_64 = target == "x86_64";
     const std::string& dispatch = x86_64 ? function.dispatch_x86_64 : function.dispatch_i386;
-    if (dispatch == "plain") return "";
+    if (dispatch == "plain" || dispatch.ends_with("_hidden")) return "";
     if (function.lanes == "scalar") return x86_64 ? "AL" : "AJ";
     if (x86_64) return "AL";
     return function.lanes == "d2" ? "ALN" : "AJLN";

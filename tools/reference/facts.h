@@ -2,6 +2,8 @@
 // pages, and measured errors.
 #pragma once
 
+#include "declarations.h"
+
 #include <filesystem>
 #include <map>
 #include <string>
@@ -24,6 +26,8 @@ struct Function {
 };
 
 const std::vector<Function>& functions();
+// What a passage of a header declares.
+std::vector<const Function*> declared_in(const Passage& passage);
 // All tiers in which a function exists on a target: "AL".
 std::string tiers(const Function& function, const std::string& target);
 // Those of them that may give a lane other bits beside other lanes, as docs/data/neighbours_<target>.txt has

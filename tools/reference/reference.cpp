@@ -64,26 +64,6 @@ bool is_vector(const Function& function)
     return !function.mask.empty();
 }
 
-// Whether the text declares a function or an array of this name.
-bool declares(const std::string& text, const std::string& name)
-{
-    for (std::size_t at = text.find(name); at != std::string::npos; at = text.find(name, at + 1)) {
-        const char before = at == 0 ? ' ' : text[at - 1];
-        const char after = at + name.size() < text.size() ? text[at + name.size()] : ' ';
-        if ((before == ' ' || before == '*') && (after == '(' || after == '[')) return true;
-    }
-    return false;
-}
-
-// What a passage of a header declares.
-std::vector<const Function*> declared_in(const Passage& passage)
-{
-    std::vector<const Function*> found;
-    for (const Function& function : functions())
-        if (declares(passage.declarations, function.symbol)) found.push_back(&function);
-    return found;
-}
-
 std::vector<const Function*> declared_in(const std::vector<Passage>& passages)
 {
     std::vector<const Function*> found;

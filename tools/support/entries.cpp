@@ -105,7 +105,7 @@ const void* exported(const std::string& symbol)
 
 unsigned lane_count(Lanes lanes)
 {
-    return lanes == Lanes::scalar ? 1 : lanes == Lanes::d2 ? 2 : 4;
+    return lanes >= Lanes::f ? 1 : lanes == Lanes::d2 ? 2 : 4;
 }
 
 std::uint32_t tier_mask(char tier)

@@ -10,7 +10,9 @@
 
 namespace zelk {
 
-enum class Lanes { f4, d2, c2, i4, u4, scalar };
+// Vectors; and one number of the scalar routines, by the letter of their signatures: binary32, binary64, 80
+// bits, complex of binary32 and of binary64.
+enum class Lanes { f4, d2, c2, i4, u4, f, d, l, c, z };
 enum class Results { one, two, pointer };
 enum class MaskKind { Z, S, D, D2, T, P, I };
 
@@ -34,6 +36,7 @@ struct Entry {
     const void* address;
     std::string masked;          // name of the masked entry
     std::vector<Kernel> kernels; // all of this target
+    std::string signature = {};  // of a scalar routine
 };
 
 std::span<const Entry> entries();

@@ -1,6 +1,6 @@
 // void zelk_call_scalar(ScalarFrame*): calls frame->target with the stack arguments, XMM0 to XMM3, two pointer
 // registers (x86-64), the MXCSR and the x87 control word as the frame says, and stores into the frame what comes
-// back. Offsets are those of ScalarFrame in scalar_call.h, the same on both targets.
+// back. Offsets are those of ScalarFrame in scalar_routine.h, the same on both targets.
 
 #define STACK 0
 #define STACK_SIZE 48
