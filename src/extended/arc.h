@@ -1,4 +1,4 @@
-// What the 80-bit arc functions share. They load no argument and no constant as an 80-bit number: such a load
+// What the 80-bit functions share that load no argument and no constant as an 80-bit number: such a load
 // waits for what the caller stored in pieces, and holds up the calls that follow.
 #pragma once
 
@@ -28,6 +28,16 @@ ZELK_INLINE long double short_power_of_two(int n, bool negative = false)
 ZELK_INLINE long double number_of(std::uint64_t significand)
 {
     return from_integer(static_cast<std::int64_t>(significand)) + 0x1p64L;
+}
+
+// An 80-bit number as two whose sum is exact: |lo| is at most 2^-32 of |hi|, which has 33 bits.
+ZELK_INLINE Pair short_head(Words x)
+{
+    const int exponent = x.biased_exponent() - exponent_bias;
+    const auto high = static_cast<std::int32_t>(x.significand >> 32 & 0x7FFFFFFF);
+    const auto low = static_cast<std::int32_t>(static_cast<std::uint32_t>(x.significand) ^ 0x80000000);
+    return {(high + 0x1.00000001p31L) * short_power_of_two(exponent - 31, x.negative()),
+            low * short_power_of_two(exponent - 63, x.negative())};
 }
 
 // c[i] + c[i + 2] z + c[i + 4] z^2 + ....

@@ -230,6 +230,12 @@ ZELK_INLINE Pair settled(Pair x)
     return x;
 }
 
+ZELK_INLINE long double settled(long double x)
+{
+    asm volatile("" : "+t"(x));
+    return x;
+}
+
 // a + b exactly, |a| >= |b| or a = 0.
 ZELK_INLINE Pair fast_two_sum(long double a, long double b)
 {

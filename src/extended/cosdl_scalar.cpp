@@ -4,12 +4,12 @@
 
 namespace zelk::ZELK_TIER {
 
-long double cosdl_scalar(long double stacked)
+long double cosdl_scalar(long double x)
 {
-    const long double x = argument(stacked);
-    if (off_the_path(words_of(x))) [[unlikely]]
+    const Words X = stored_words(x);
+    if (off_the_path(X)) [[unlikely]]
         return cosine_off_the_path(x);
-    return sine_of(degrees_of(x), 1, 0.0L);
+    return sine_of(degrees_of(X), 1, 0.0f);
 }
 
 } // namespace zelk::ZELK_TIER

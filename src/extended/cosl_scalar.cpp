@@ -4,13 +4,12 @@
 
 namespace zelk::ZELK_TIER {
 
-long double cosl_scalar(long double stacked)
+long double cosl_scalar(long double x)
 {
-    const long double x = argument(stacked);
-    if (off_the_path(words_of(x))) [[unlikely]]
+    const Words X = stored_words(x);
+    if (off_the_path(X)) [[unlikely]]
         return cosine_off_the_path(x);
-    const Angle angle = angle_of(x);
-    return sine_from(angle.quadrant + 1, angle, powers_of(angle.at.t));
+    return sine_of(X, 1);
 }
 
 } // namespace zelk::ZELK_TIER

@@ -24,35 +24,51 @@ struct Degrees {
     unsigned whole;
     long double rest;
 };
-ZELK_INLINE Degrees degrees_of(long double x)
+ZELK_INLINE Degrees degrees_of(Words x)
 {
-    const Words words = words_of(x);
-    const int exponent = words.biased_exponent() - exponent_bias;
-    if (exponent >= 63) return {modulo_360(words.significand, exponent - 63), 0.0L};
-    const std::uint64_t halves = exponent < -1 ? 0 : words.significand >> (62 - exponent);
-    const std::uint64_t whole = (halves >> 1) + (halves & 1);
-    return {modulo_360(whole, 0), magnitude(x) - static_cast<long double>(whole)};
+    const int exponent = x.biased_exponent() - exponent_bias;
+    if (exponent >= 63) return {modulo_360(x.significand, exponent - 63), 0.0L};
+    if (exponent < -1) return {0, number_of(x.significand) * short_power_of_two(exponent - 63)};
+    // In units of 2^-64, a half and more as what lacks to the next whole number.
+    const std::uint64_t fraction = x.significand << (exponent + 1);
+    const std::uint64_t whole = (x.significand >> 1 >> (62 - exponent)) + (fraction >> 63);
+    return {modulo_360(whole, 0), from_integer(static_cast<std::int64_t>(fraction)) * 0x1p-64L};
 }
 
-// The leading 32 bits of hi and all that follows.
-ZELK_INLINE Pair with_short_head(const tables::HiLo& value)
+// Closer to a zero, in degrees, a polynomial serves.
+inline constexpr unsigned first_degree = 16;
+
+// sin d of degrees, |d| <= 16.5.
+ZELK_INLINE long double small_sine_in_degrees(long double d)
 {
-    const auto bits = __builtin_bit_cast(std::uint64_t, value.hi);
-    const auto head = static_cast<long double>(__builtin_bit_cast(double, bits >> 21 << 21));
-    return {head, (value.hi - head) + value.lo};
+    const auto& k = tables::extended_trig;
+    float head;
+    asm("fsts %0" : "=m"(head) : "t"(d));
+    const long double r = d * k.degree;
+    const long double z = r * r;
+    const long double z2 = z * z;
+    const long double excess = r * z *
+                               ((k.sine_3 + z2 * (k.sine_7 + z2 * (k.sine_11 + z2 * k.sine_15))) +
+                                z * (k.sine_5 + z2 * (k.sine_9 + z2 * k.sine_13)));
+    return head * static_cast<long double>(k.degree_head) +
+           ((head * k.degree_rest + (d - head) * k.degree) + excess);
 }
 
 // sin(degrees + 90 quadrants), `zero` if that is exactly zero.
-ZELK_INLINE long double sine_of(const Degrees& degrees, unsigned quadrants, long double zero)
+ZELK_INLINE long double sine_of(const Degrees& degrees, unsigned quadrants, float zero)
 {
-    const auto& k = tables::extended_trig;
     const unsigned quadrant = degrees.whole / 90 + quadrants;
     const unsigned row = degrees.whole % 90;
-    if (row == 0 && (quadrant & 1) == 0 && degrees.rest == 0) return zero;
+    const QuadrantSigns signs = quadrant_signs[quadrant & 3];
+    const bool odd = (quadrant & 1) != 0;
+    if ((odd ? 90 - row : row) < first_degree) [[unlikely]] {
+        const long double distance =
+            odd ? (90 - static_cast<int>(row)) - degrees.rest : static_cast<int>(row) + degrees.rest;
+        return distance == 0 ? zero : small_sine_in_degrees(distance * signs.value);
+    }
     const tables::SinCos& point = tables::_rop_sindl_cosdl_table[row];
-    const Pair radians = multiply(Pair{k.radians_per_degree.hi, k.radians_per_degree.lo}, degrees.rest);
-    const Angle angle = {quadrant, false, {with_short_head(point.sin), with_short_head(point.cos), radians}};
-    return sine_from(quadrant, angle, powers_of(radians));
+    const Powers powers = powers_of(degrees.rest * tables::extended_trig.degree);
+    return sine_near(odd ? point.cos : point.sin, odd ? point.sin : point.cos, signs, powers);
 }
 
 } // namespace zelk::ZELK_TIER

@@ -5,7 +5,7 @@
 
 namespace zelk::ZELK_TIER {
 
-// |x| < 2^-66 or |x| >= 2^14, infinities, NaNs and unsupported encodings.
+// |x| < 2^-60 or |x| >= 2^14, infinities, NaNs and unsupported encodings.
 [[gnu::noinline, gnu::cold]] static long double expl_special(long double x)
 {
     const Words words = words_of(x);
@@ -15,12 +15,18 @@ namespace zelk::ZELK_TIER {
     return words.negative() ? underflowed(false) : overflowed(false);
 }
 
-long double expl_scalar(long double stacked)
+// 2^13 <= |x| < 2^14: the result may leave the normal numbers.
+[[gnu::noinline]] static long double expl_far(Words x)
 {
-    const long double x = argument(stacked);
-    if (!in_binades(words_of(x), -66, 14)) [[unlikely]]
-        return expl_special(x);
-    return rounded(exponential(x));
+    return rounded(exponential(short_head(x)));
+}
+
+long double expl_scalar(long double x)
+{
+    const Words X = stored_words(x);
+    if (!in_binades(X, -60, 13)) [[unlikely]]
+        return in_binades(X, 13, 14) ? expl_far(X) : expl_special(x);
+    return exponential_of(X);
 }
 
 } // namespace zelk::ZELK_TIER

@@ -2,9 +2,10 @@
 // n = 256 k + j. What remains of the last rounding's error is below 2^-71 of the result.
 #pragma once
 
-#include "extended/arithmetic.h"
+#include "extended/arc.h"
 #include "tables/extended.h"
 #include "tables/extended_explog.h"
+#include "tables/extended_trig.h"
 
 namespace zelk::ZELK_TIER {
 
@@ -13,25 +14,29 @@ struct ExponentialReduction {
     long double r; // |r| <= ln2/512, in directed modes ln2/256
 };
 
-// |x| < 2^14: x - n hi is exact, since n hi has no bit below 2^-50 and none above 2^13.
-ZELK_INLINE ExponentialReduction reduce_exponential(long double x)
+// |hi + lo| < 2^14: the sum less n ln2_256_hi is exact, since the product has no bit below 2^-50 and none
+// above 2^13.
+ZELK_INLINE ExponentialReduction reduce_exponential(Pair x)
 {
-    const int n = round_to_int(x * tables::inverse_ln2_256);
+    const int n = round_to_int(x.hi * tables::inverse_ln2_256.hi);
     const auto multiple = static_cast<long double>(n);
-    return {n, (x - multiple * tables::ln2_256_hi) - multiple * tables::ln2_256_lo};
+    return {n, ((x.hi - multiple * tables::ln2_256_hi) + x.lo) - multiple * tables::ln2_256_lo};
 }
 
-// Odd and even part of e^r - 1 by their Taylor series; the next terms are below 2^-85.
+// Odd and even part of e^r - 1 by their Taylor series, those of the sine and cosine of ir; the next terms are
+// below 2^-85.
 struct OddEven {
     long double odd;
     long double even;
 };
 ZELK_INLINE OddEven exponential_parts(long double r)
 {
-    static constexpr tables::Wide odd[] = {1.0L / 6, 1.0L / 120, 1.0L / 5040};
-    static constexpr tables::Wide even[] = {0.5L, 1.0L / 24, 1.0L / 720};
-    const long double square = r * r;
-    return {r + r * square * polynomial(odd, square), square * polynomial(even, square)};
+    // Beside sine and cosine the compiler would keep what both load, in memory and as 80-bit numbers.
+    const auto* k = &tables::extended_trig;
+    asm("" : "+r"(k));
+    const long double z = -(r * r);
+    return {r + r * z * (k->sine_3.hi + z * (k->sine_5 + z * k->sine_7)),
+            z * (k->cosine_2 + z * (k->cosine_4 + z * k->cosine_6))};
 }
 
 ZELK_INLINE Pair times_table(const tables::HiLo& t, long double expm1)
@@ -39,13 +44,20 @@ ZELK_INLINE Pair times_table(const tables::HiLo& t, long double expm1)
     return {t.hi, t.lo + (static_cast<long double>(t.hi) + t.lo) * expm1};
 }
 
-// e^(x + low), |low| below an ulp of x.
-ZELK_INLINE ScaledPair exponential(long double x, long double low = 0)
+// e^x, x the sum of two of which the second is at most 2^-32 of the first.
+ZELK_INLINE ScaledPair exponential(Pair x)
 {
     const ExponentialReduction reduced = reduce_exponential(x);
-    const OddEven parts = exponential_parts(reduced.r + low);
+    const OddEven parts = exponential_parts(reduced.r);
     const int shifted = reduced.n + 128;
     return {times_table(tables::_rop_expl_table_256[shifted & 255], parts.odd + parts.even), shifted >> 8};
+}
+
+// 2^-60 <= |x| < 2^13.
+ZELK_INLINE long double exponential_of(Words x)
+{
+    const ScaledPair e = exponential(short_head(x));
+    return (e.value.hi + e.value.lo) * power_of_two(e.exponent);
 }
 
 } // namespace zelk::ZELK_TIER

@@ -13,7 +13,7 @@ struct ExponentialBothWays {
 };
 ZELK_INLINE ExponentialBothWays exponential_both_ways(long double x)
 {
-    const ExponentialReduction reduced = reduce_exponential(x);
+    const ExponentialReduction reduced = reduce_exponential({x, 0.0L});
     const OddEven parts = exponential_parts(reduced.r);
     const int shifted = reduced.n + 128;
     const int j = shifted & 255;
@@ -42,7 +42,7 @@ ZELK_INLINE Pair half_sum(const ExponentialBothWays& e)
 // e^x / 2, 40 <= x < 2^14.
 ZELK_INLINE ScaledPair half_exponential(long double x)
 {
-    ScaledPair e = exponential(x);
+    ScaledPair e = exponential({x, 0.0L});
     --e.exponent;
     return e;
 }

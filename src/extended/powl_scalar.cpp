@@ -85,7 +85,7 @@ ZELK_INLINE long double signed_power(Normalised x, long double size, long double
         const Pair exponent = multiply(logarithm_pair(x), y);
         if (magnitude(exponent.hi) >= 0x1p14L)
             return exponent.hi > 0 ? overflowed(negative) : underflowed(negative);
-        power = exponential(exponent.hi, exponent.lo);
+        power = exponential(exponent);
     }
     return rounded(ScaledPair{with_sign(negative, power.value), power.exponent});
 }

@@ -5,18 +5,24 @@
 
 namespace zelk::ZELK_TIER {
 
-void sincosl_scalar(long double stacked, long double* sine, long double* cosine)
+void sincosl_scalar(long double x, long double* sine, long double* cosine)
 {
-    const long double x = argument(stacked);
-    if (off_the_path(words_of(x))) [[unlikely]] {
-        *sine = sine_off_the_path(x);
-        *cosine = cosine_off_the_path(x);
+    const Words X = stored_words(x);
+    if (off_the_path(X)) [[unlikely]] {
+        const long double argument = x;
+        *sine = sine_off_the_path(argument);
+        *cosine = cosine_off_the_path(argument);
         return;
     }
-    const Angle angle = angle_of(x);
-    const Powers powers = powers_of(angle.at.t);
-    *sine = sine_from(angle.quadrant, angle, powers);
-    *cosine = sine_from(angle.quadrant + 1, angle, powers);
+    const Angle angle = angle_of(X);
+    const Powers powers = powers_of(angle.t);
+    *sine = sine_from_table(angle.n, powers);
+    *cosine = sine_from_table(angle.n + 256, powers);
+    // Last, with nothing in the x87 registers that a call would store and load.
+    if (next_to_zero(angle.n)) [[unlikely]]
+        *sine = sine_next_to_zero(X, angle.n, 0);
+    if (next_to_zero(angle.n + 256)) [[unlikely]]
+        *cosine = sine_next_to_zero(X, angle.n, 1);
 }
 
 } // namespace zelk::ZELK_TIER

@@ -16,14 +16,13 @@ namespace zelk::ZELK_TIER {
     return scaled_far(multiply(Pair{factor.hi, factor.lo}, significand), n.exponent);
 }
 
-long double sindl_scalar(long double stacked)
+long double sindl_scalar(long double x)
 {
-    const long double x = argument(stacked);
-    const Words words = words_of(x);
-    if (off_the_path(words)) [[unlikely]]
+    const Words X = stored_words(x);
+    if (off_the_path(X)) [[unlikely]]
         return sine_off_the_path_in_degrees(x);
-    const bool negative = words.negative();
-    return sine_of(degrees_of(x), negative ? 2 : 0, negative ? -0.0L : 0.0L);
+    const bool negative = X.negative();
+    return sine_of(degrees_of(X), negative ? 2 : 0, negative ? -0.0f : 0.0f);
 }
 
 } // namespace zelk::ZELK_TIER

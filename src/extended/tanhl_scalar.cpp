@@ -84,7 +84,7 @@ long double tanhl_scalar(long double stacked)
     if (!in_binades(words, -33, 5)) [[unlikely]]
         return tanhl_special(x);
     if (words.biased_exponent() < exponent_bias - 3) return tanhl_small(x);
-    const ScaledPair e = exponential(2.0L * magnitude(x));
+    const ScaledPair e = exponential({2.0L * magnitude(x), 0.0L});
     const long double scale = power_of_two(e.exponent);
     const Pair head = two_sum(e.value.hi * scale, 1.0L);
     const Pair quotient = divide({2.0L, 0.0L}, fast_two_sum(head.hi, head.lo + e.value.lo * scale));

@@ -7,8 +7,8 @@ const ExtendedTrig extended_trig = {
     .two_over_pi = {
 #include "tables/extended_trig_two_over_pi.inc"
     },
-    .grid = {
-#include "tables/extended_trig_grid.inc"
+    .sines = {
+#include "tables/extended_trig_sines.inc"
     },
     .arc_sine = {
 #include "tables/extended_trig_arc_sine.inc"

@@ -2,13 +2,13 @@
 //
 //   two_over_pi  the binary expansion of 2/pi in words of 32 bits: three words of zeros, then 519 words,
 //                which is enough for the nine that the largest number needs
-//   grid         sin hi, sin lo, cos hi, cos lo of j/64, j = 0..51: hi the leading 32 bits, lo the binary64
-//                nearest to the rest
+//   sines        sin(j pi/512), j = 0..256: hi the nearest binary64, lo the one nearest to the rest
 //   arc_sine     asin c and sqrt(1 - c^2) for c = (j + 1/2)/256, j = 32..239: hi, lo each, hi the binary64
 //                nearest to the value, lo the one nearest to the rest
-//   constants    pi/2 (its leading 32 bits and the rest), pi/180 and 180/pi (two numbers each), and the
-//                Taylor coefficients of sine and cosine. The first neglected term is below 2^-90 of t (sine)
-//                and 2^-90 (cosine) for |t| <= pi/360
+//   constants    pi/2 (its leading 32 bits and the rest), pi/512 (its leading 35 bits and the rest), 512/pi,
+//                pi/180 and 180/pi (two numbers each), and the Taylor coefficients of sine and cosine. The
+//                first neglected term of an offset |t| <= pi/360 is below 2^-69 of 1, of the sine of
+//                |r| < 0.29 below 2^-76 of it
 #include "table_writer.h"
 
 #include <cstdlib>
@@ -34,12 +34,6 @@ void print_two_over_pi()
         std::printf("0x%08lX,\n", word);
     }
     mpfr_clear(value);
-}
-
-void print_split(const Real& value)
-{
-    const Real hi = value.leading(32);
-    std::printf("{%a, %a}", hi.to_double(), (value - hi).to_double());
 }
 
 // Two binary64.
@@ -83,17 +77,29 @@ void print_constants()
     print_extended("half_pi_rest", half_pi - half_pi.leading(32));
     print_extended("quarter_pi", half_pi / Real(2.0));
     print_pair("radians_per_degree", pi() / Real(180.0));
+    const Real degree = pi() / Real(180.0);
+    std::printf(".degree_head = %a,\n", degree.leading(32).to_double());
+    print_extended("degree_rest", degree - degree.leading(32));
+    print_extended("degree", degree);
     std::printf(".C180byPi = {");
     print_hi_lo(Real(180.0) / pi());
     std::puts("},");
+    const Real step = half_pi / Real(256.0);
+    std::printf(".step_head = %a,\n", step.leading(35).to_double());
+    print_extended("step_rest", step - step.leading(35));
+    std::printf(".steps_per_radian = %a,\n", (Real(1.0) / step).to_double());
     print_extended("sine_3", one_over(-6));
     std::printf(".sine_5 = %a,\n", one_over(120).to_double());
     std::printf(".sine_7 = %a,\n", one_over(-5040).to_double());
     std::printf(".sine_9 = %a,\n", one_over(362880).to_double());
+    std::printf(".sine_11 = %a,\n", one_over(-39916800).to_double());
+    std::printf(".sine_13 = %a,\n", one_over(6227020800).to_double());
+    std::printf(".sine_15 = %a,\n", one_over(-1307674368000).to_double());
     std::printf(".cosine_2 = %a,\n", one_over(-2).to_double());
     std::printf(".cosine_4 = %a,\n", one_over(24).to_double());
     std::printf(".cosine_6 = %a,\n", one_over(-720).to_double());
     std::printf(".cosine_8 = %a,\n", one_over(40320).to_double());
+    std::printf(".cosine_10 = %a,\n", one_over(-3628800).to_double());
 }
 
 } // namespace
@@ -103,13 +109,13 @@ int main(int argc, char** argv)
     const std::string_view table = argc == 2 ? argv[1] : "";
     if (table == "two_over_pi") {
         print_two_over_pi();
-    } else if (table == "grid") {
-        for (int j = 0; j <= 51; ++j) {
-            const Real angle = Real(j) / Real(64.0);
+    } else if (table == "sines") {
+        for (int j = 0; j <= 256; ++j) {
             std::printf("{");
-            print_split(sin(angle));
-            std::printf(", ");
-            print_split(cos(angle));
+            if (j == 256)
+                print_hi_lo(Real(1.0));
+            else
+                print_hi_lo(sin(pi() * Real(j) / Real(512.0)));
             std::printf("},\n");
         }
     } else if (table == "arc_sine") {
@@ -124,7 +130,7 @@ int main(int argc, char** argv)
     } else if (table == "constants") {
         print_constants();
     } else {
-        std::fprintf(stderr, "usage: %s two_over_pi|grid|arc_sine|constants\n", argv[0]);
+        std::fprintf(stderr, "usage: %s two_over_pi|sines|arc_sine|constants\n", argv[0]);
         return EXIT_FAILURE;
     }
 }
