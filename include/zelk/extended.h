@@ -8,7 +8,7 @@
 ZELK_BEGIN_DECLARATIONS
 
 /* Conventions. Arguments and results are the platform's long double. Errors are in ulp of the 80-bit format,
- * in round to nearest with the x87 precision control at 64 bits; in the directed modes they are below 1.07
+ * in round to nearest with the x87 precision control at 64 bits; in the directed modes they are below 1.15
  * ulp. At 53 or 24 bits results are no better than that precision. Flags are raised in the x87 status word. A
  * quiet NaN gives a NaN; a signalling one and the encodings that the processor does not support (unnormals,
  * pseudo-infinities, pseudo-NaNs) give NaN and raise invalid. Pseudo-denormals count as the number that they
@@ -20,7 +20,7 @@ ZELK_BEGIN_DECLARATIONS
  * Method: the x87 instruction. */
 long double fabsl_scalar(long double x);
 
-/* e^x. Error: 0.503 ulp, denormal results included.
+/* e^x. Error: 0.504 ulp, denormal results included.
  * Special: +inf gives +inf, -inf gives +0; above 11356.5 overflow, below -11399.5 underflow to 0, with their
  * flags. Method: multiples of ln2/256 taken off, a table of 2^(j/256), the Taylor polynomial of degree 7. */
 long double expl_scalar(long double x);
@@ -44,7 +44,7 @@ long double log1pl_scalar(long double x);
 double log_scalar(double x);
 double log1p_scalar(double x);
 
-/* sinh x, cosh x, tanh x. Errors: 0.52, 0.503, 0.51 ulp.
+/* sinh x, cosh x, tanh x. Errors: 0.52, 0.504, 0.52 ulp.
  * Special: +-0 gives +-0 (cosh 1); +-inf gives +-inf (cosh +inf, tanh +-1); above 11357.2 sinh and cosh
  * overflow. Method: polynomials below 1/8; e^x and e^-x of one reduction; tanh = 1 - 2/(e^2x + 1) in pieces of
  * binary64. */
@@ -74,19 +74,19 @@ long double powl_scalar(long double x, long double y);
 
 /* Circular functions and their inverses, in radians and degrees. */
 
-/* sin x, x in radians, any finite x. Error: 0.53 ulp.
+/* sin x, x in radians, any finite x. Error: 0.55 ulp.
  * Special: sin +-0 = +-0; an infinity gives NaN and raises invalid.
  * Method: reduction by multiples of pi/512 in two parts, from 2^10 on and next to zeros of the result by the
  * digits of 2/pi in integer arithmetic, which is exact; then a table of sine and cosine in steps of pi/512
  * and Taylor polynomials of the rest. */
 long double sinl_scalar(long double x);
 
-/* cos x, x in radians, any finite x. Error: 0.53 ulp.
+/* cos x, x in radians, any finite x. Error: 0.55 ulp.
  * Special: an infinity gives NaN and raises invalid; cos 0 = 1.
  * Method: as sinl_scalar. */
 long double cosl_scalar(long double x);
 
-/* tan x, x in radians, any finite x. Error: 0.55 ulp.
+/* tan x, x in radians, any finite x. Error: 0.56 ulp.
  * Special: tan +-0 = +-0; an infinity gives NaN and raises invalid. No 80-bit number is a pole.
  * Method: the quotient of sine and cosine as sinl_scalar has them before rounding. */
 long double tanl_scalar(long double x);

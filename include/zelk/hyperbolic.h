@@ -68,7 +68,7 @@ zelk_float4 __zelk_asinhf4(zelk_float4 x);
 zelk_float4 __zelk_acoshf4(zelk_float4 x);
 
 /* atanh x on four binary32 lanes, |x| <= 1.
- * Error: 2.8 ulp in vectors with all |x| in (1/4, 1 - 2^-24); in any other 1.0 below 2^-20, 0.53 elsewhere.
+ * Error: 2.82 ulp in vectors with all |x| in (1/4, 1 - 2^-24); in any other 1.0 below 2^-20, 0.53 elsewhere.
  * Special: +-1 gives the infinity of its sign; below 2^-30 and +-0 come back unchanged; |x| > 1, infinities
  * and NaNs give the NaN 0x7FFFFFFF with the sign of x. Nothing is raised, not even divide-by-zero. Method:
  * ln((1 + |x|) / (1 - |x|)) / 2, as __zelk_asinhf4. */

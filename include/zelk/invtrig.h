@@ -33,7 +33,7 @@ zelk_double2 __zelk_asin2(zelk_double2 x);
 zelk_double2 __zelk_acos2(zelk_double2 x);
 
 /* arccos x of one binary64 number, in radians, |x| <= 1.
- * Error: 0.501 ulp; in tier A 1.98 for 0.3827 < |x| < 0.9239 and 1.01 above.
+ * Error: 0.501 ulp; in tier A 2.0 for 0.3827 < |x| < 0.9239 and 1.01 above.
  * Special: |x| > 1 (infinities too) gives NaN and raises invalid; a NaN is returned unchanged; arccos 1 = +0.
  * Method: extended precision; the nearest of the angles 0, pi/4, pi/2, 3pi/4 and pi, and a polynomial for the
  * rest. Needs the x87 precision control at 64 bits, as the platform has it. */

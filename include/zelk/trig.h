@@ -31,7 +31,7 @@ zelk_float4 __zelk_cosf4(zelk_float4 x);
 zelk_double2 __zelk_sin2(zelk_double2 x);
 
 /* cos x on two binary64 lanes, x in radians, any finite x.
- * Error: 2.67 ulp for |x| <= 128000, 2.19 up to 2^30, 0.510 beyond (or beside a lane of 2^30 or more).
+ * Error: 2.71 ulp for |x| <= 128000, 2.19 up to 2^30, 0.510 beyond (or beside a lane of 2^30 or more).
  * Special: as __zelk_sin2, but a NaN loses its sign; cos 0 = 1.
  * Method: as __zelk_sin2, shifted by pi/2. */
 zelk_double2 __zelk_cos2(zelk_double2 x);
@@ -54,7 +54,7 @@ zelk_double2 __zelk_tan2(zelk_double2 x);
 
 /* sin x and cos x on four binary32 lanes, x in radians, any finite x: the sine in the first and the cosine in
  * the second vector return register, XMM0 and XMM1. C has no type for that: this declaration gives the sine.
- * Error: 2.37 ulp for |x| <= 10000, 1.54 up to 2^30, beyond 1.52 in tier A, 0.55 in the others.
+ * Error: 2.48 ulp for |x| <= 10000, 1.57 up to 2^30, beyond 1.59 in tier A, 0.67 in the others.
  * Special: an infinity gives NaN twice and raises invalid; a NaN gives NaNs, a signalling one raises invalid;
  * -0 gives +0 and 1, but in tier A -0 and 1 beside a lane beyond 10000. Method: multiples of pi/2 subtracted
  * in four parts and two polynomials, of degree 7 and 8; binary64 reduction up to 2^30; beyond, in tier A a
@@ -69,7 +69,7 @@ zelk_float4 __zelk_sincosf4(zelk_float4 x);
 zelk_double2 __zelk_sincos2(zelk_double2 x);
 
 /* __zelk_sincosf4 and __zelk_sincos2 that store the cosine, too, in the 16 bytes at a 16-byte-aligned
- * address. Error: theirs, but for ropsSinCos4 beyond 2^30 (1.52 ulp in every tier). */
+ * address. Error: theirs, but for ropsSinCos4 beyond 2^30 (1.59 ulp in every tier). */
 zelk_float4 ropsSinCos4(zelk_float4 x, zelk_float4* cosine);
 zelk_double2 ropdSinCos2(zelk_double2 x, zelk_double2* cosine);
 
