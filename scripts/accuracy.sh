@@ -16,7 +16,7 @@ options=("$@")
 if [ $# -eq 0 ]; then
     options=(--exhaustive --samples 400000 --radius 65536)
     # Every argument once is enough: on 32-bit x86 a dense sample tells whether the kernels differ.
-    [ "$target" = x86_64 ] || options=(--samples 60000 --radius 512)
+    [ "$target" = x86_64 ] || options=(--samples 200000 --radius 4096)
 fi
 
 scripts/install-packages.sh "${target#x86_64}" >&2

@@ -75,7 +75,7 @@ zelk_double2 __zelk_pow2(zelk_double2 x, zelk_double2 y);
 zelk_double2 __zelk_exp2(zelk_double2 x);
 
 /* 2^x on two binary64 lanes, any x. Exact for integer x.
- * Error, all tiers: 2.58 ulp; 1.49 ulp where the result is subnormal.
+ * Error, all tiers: 2.60 ulp; 1.49 ulp where the result is subnormal.
  * Special: +infinity from x = 1024 on, +0 from -1075 down; every NaN gives 0x7FFFFFFF00000000, a signalling
  * one raises invalid. Overflow is raised where |x| exceeds the range of binary32, for either sign of x, and
  * nowhere else. Method: 2^(j/128) from a table, the power of two into the exponent field, a degree-4
