@@ -46,8 +46,8 @@ double log1p_scalar(double x);
 
 /* sinh x, cosh x, tanh x. Errors: 0.52, 0.504, 0.52 ulp.
  * Special: +-0 gives +-0 (cosh 1); +-inf gives +-inf (cosh +inf, tanh +-1); above 11357.2 sinh and cosh
- * overflow. Method: polynomials below 1/8; e^x and e^-x of one reduction; tanh = 1 - 2/(e^2x + 1) in pieces of
- * binary64. */
+ * overflow. Method: polynomials below 1/8; e^x and e^-x of one reduction; tanh = 1 - 2/(e^2x + 1) in pieces
+ * of binary64. */
 long double sinhl_scalar(long double x);
 long double coshl_scalar(long double x);
 long double tanhl_scalar(long double x);
