@@ -50,6 +50,7 @@ Published published(const Entry& entry)
         }
         std::map<std::string, Published> bounds;
         for (const auto& row : rows) {
+            if (row[column_max_beside] == "-") continue; // a scalar routine
             Published& of_entry = bounds[row[column_entry]];
             of_entry.bound =
                 std::max({of_entry.bound, std::stod(row[column_max_ulp]), std::stod(row[column_max_beside])});
